@@ -1,0 +1,255 @@
+#include "Frame/Host/Classes.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cstdio>
+
+namespace zanrole {
+
+namespace {
+
+char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+
+bool IsBlank(char c) { return static_cast<unsigned char>(c) <= ' '; }
+
+[[noreturn]] void RaiseConvert(std::string_view text, const char* type) {
+  throw EConvertError("'" + std::string(text) + "' is not a valid " + type);
+}
+
+/// Reads `count` digits at `at` and moves past them; -1 when there are fewer.
+int TakeDigits(std::string_view text, std::size_t& at, std::size_t count) {
+  int value = 0;
+  if (at + count > text.size()) return -1;
+  for (const std::size_t end = at + count; at < end; ++at) {
+    if (text[at] < '0' || text[at] > '9') return -1;
+    value = value * 10 + (text[at] - '0');
+  }
+  return value;
+}
+
+bool TakeChar(std::string_view text, std::size_t& at, char wanted) {
+  if (at >= text.size() || text[at] != wanted) return false;
+  ++at;
+  return true;
+}
+
+/// Reads "hh:nn:ss" with an optional fraction; false when the text is something else.
+bool TakeTime(std::string_view text, std::size_t& at, std::chrono::milliseconds& time) {
+  const int hour = TakeDigits(text, at, 2);
+  if (hour < 0 || hour > 23 || !TakeChar(text, at, ':')) return false;
+  const int minute = TakeDigits(text, at, 2);
+  if (minute < 0 || minute > 59 || !TakeChar(text, at, ':')) return false;
+  const int second = TakeDigits(text, at, 2);
+  if (second < 0 || second > 59) return false;
+  int millis = 0;
+  if (TakeChar(text, at, '.')) {
+    for (int scale = 100; at < text.size() && text[at] >= '0' && text[at] <= '9'; ++at, scale /= 10)
+      millis += (text[at] - '0') * scale;
+  }
+  time = std::chrono::hours(hour) + std::chrono::minutes(minute) + std::chrono::seconds(second) +
+         std::chrono::milliseconds(millis);
+  return true;
+}
+
+}  // namespace
+
+void TStringList::Clear() {
+  FLines.clear();
+  ++FRevision;
+}
+
+void TStringList::Add(std::string line) {
+  FLines.push_back(std::move(line));
+  ++FRevision;
+}
+
+void TStringList::Insert(int index, std::string line) {
+  FLines.insert(FLines.begin() + index, std::move(line));
+  ++FRevision;
+}
+
+void TStringList::Delete(int index) {
+  FLines.erase(FLines.begin() + index);
+  ++FRevision;
+}
+
+std::string TStringList::Text() const {
+  std::string text;
+  for (std::size_t i = 0; i < FLines.size(); ++i) {
+    if (i > 0) text += "\r\n";
+    text += FLines[i];
+  }
+  return text;
+}
+
+void TStringList::SetText(std::string_view text) {
+  Clear();
+  while (!text.empty()) {
+    const std::size_t end = text.find_first_of("\r\n");
+    FLines.emplace_back(text.substr(0, end));
+    if (end == std::string_view::npos) return;
+    const bool twoBytes = text[end] == '\r' && end + 1 < text.size() && text[end + 1] == '\n';
+    text.remove_prefix(end + (twoBytes ? 2 : 1));
+  }
+}
+
+void TStringList::SetCommaText(std::string_view text) {
+  Clear();
+  std::size_t at = 0;
+  const auto skipBlanks = [&] {
+    while (at < text.size() && IsBlank(text[at])) ++at;
+  };
+  skipBlanks();
+  while (at < text.size()) {
+    std::string piece;
+    if (text[at] == '"') {
+      for (++at; at < text.size(); ++at) {
+        if (text[at] == '"') {
+          if (at + 1 < text.size() && text[at + 1] == '"')
+            ++at;
+          else
+            break;
+        }
+        piece += text[at];
+      }
+      if (at < text.size()) ++at;
+    } else {
+      while (at < text.size() && text[at] != ',' && !IsBlank(text[at])) piece += text[at++];
+    }
+    FLines.push_back(std::move(piece));
+    skipBlanks();
+    if (TakeChar(text, at, ',')) {
+      skipBlanks();
+      if (at == text.size()) FLines.emplace_back();
+    }
+  }
+}
+
+int TStringList::IndexOf(std::string_view line) const {
+  const auto found =
+      std::find_if(FLines.begin(), FLines.end(), [&](const std::string& l) { return SameText(l, line); });
+  return found == FLines.end() ? NotFound : static_cast<int>(found - FLines.begin());
+}
+
+std::string TStringList::Values(std::string_view name) const {
+  for (const std::string& line : FLines) {
+    const std::size_t sign = line.find('=');
+    if (sign != std::string::npos && SameText(std::string_view(line).substr(0, sign), name))
+      return line.substr(sign + 1);
+  }
+  return {};
+}
+
+void TStringList::SetValue(std::string_view name, std::string_view value) {
+  std::string entry = std::string(name) + "=" + std::string(value);
+  ++FRevision;
+  for (std::string& line : FLines) {
+    const std::size_t sign = line.find('=');
+    if (sign != std::string::npos && SameText(std::string_view(line).substr(0, sign), name)) {
+      line = std::move(entry);
+      return;
+    }
+  }
+  FLines.push_back(std::move(entry));
+}
+
+bool SameText(std::string_view a, std::string_view b) {
+  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                    [](char x, char y) { return Lower(x) == Lower(y); });
+}
+
+std::string LowerCase(std::string_view text) {
+  std::string lower(text);
+  std::transform(lower.begin(), lower.end(), lower.begin(), Lower);
+  return lower;
+}
+
+std::string Trim(std::string_view text) {
+  while (!text.empty() && IsBlank(text.front())) text.remove_prefix(1);
+  while (!text.empty() && IsBlank(text.back())) text.remove_suffix(1);
+  return std::string(text);
+}
+
+std::string QuotedStr(std::string_view text) {
+  std::string quoted = "'";
+  for (const char c : text) {
+    quoted += c;
+    if (c == '\'') quoted += c;
+  }
+  return quoted += '\'';
+}
+
+std::string StringReplace(std::string_view text, std::string_view from, std::string_view to,
+                          bool ignoreCase) {
+  std::string result;
+  while (text.size() >= from.size() && !from.empty()) {
+    const auto equal = [&](char a, char b) { return ignoreCase ? Lower(a) == Lower(b) : a == b; };
+    const auto found = std::search(text.begin(), text.end(), from.begin(), from.end(), equal);
+    if (found == text.end()) break;
+    const auto before = static_cast<std::size_t>(found - text.begin());
+    result.append(text.substr(0, before)).append(to);
+    text.remove_prefix(before + from.size());
+  }
+  return result.append(text);
+}
+
+std::string DateTimeToText(TDateTime time) {
+  const auto day = std::chrono::floor<std::chrono::days>(time);
+  const std::chrono::year_month_day date{day};
+  const std::chrono::hh_mm_ss clock{std::chrono::floor<std::chrono::seconds>(time - day)};
+  std::array<char, 40> text{};
+  std::snprintf(text.data(), text.size(), "%04d-%02u-%02u %02d:%02d:%02d", static_cast<int>(date.year()),
+                static_cast<unsigned>(date.month()), static_cast<unsigned>(date.day()),
+                static_cast<int>(clock.hours().count()), static_cast<int>(clock.minutes().count()),
+                static_cast<int>(clock.seconds().count()));
+  return text.data();
+}
+
+TDateTime TextToDateTime(std::string_view text) {
+  std::size_t at = 0;
+  const int year = TakeDigits(text, at, 4);
+  const bool firstDash = TakeChar(text, at, '-');
+  const int month = TakeDigits(text, at, 2);
+  const bool secondDash = TakeChar(text, at, '-');
+  const int day = TakeDigits(text, at, 2);
+  if (year < 0 || !firstDash || month < 0 || !secondDash || day < 0) RaiseConvert(text, "date and time");
+  const std::chrono::year_month_day date{std::chrono::year(year),
+                                         std::chrono::month(static_cast<unsigned>(month)),
+                                         std::chrono::day(static_cast<unsigned>(day))};
+  std::chrono::milliseconds time{0};
+  const bool hasTime = TakeChar(text, at, ' ') || TakeChar(text, at, 'T');
+  if (!date.ok() || (hasTime && !TakeTime(text, at, time)) || at != text.size())
+    RaiseConvert(text, "date and time");
+  return TDateTime(std::chrono::local_days(date).time_since_epoch() + time);
+}
+
+int StrToInt(std::string_view text) {
+  const std::string trimmed = Trim(text);
+  int value = 0;
+  const char* const end = trimmed.data() + trimmed.size();
+  const auto [stop, error] = std::from_chars(trimmed.data(), end, value);
+  if (error != std::errc() || stop != end) RaiseConvert(text, "integer");
+  return value;
+}
+
+int StrToIntDef(std::string_view text, int fallback) noexcept {
+  try {
+    return StrToInt(text);
+  } catch (const EConvertError&) {
+    return fallback;
+  }
+}
+
+bool StrToBool(std::string_view text) {
+  if (SameText(text, "true")) return true;
+  if (SameText(text, "false")) return false;
+  double number = 0;
+  const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (error != std::errc() || stop != text.data() + text.size()) RaiseConvert(text, "Boolean");
+  return number != 0;
+}
+
+std::string BoolToStr(bool value) { return value ? "True" : "False"; }
+
+}  // namespace zanrole
