@@ -12,7 +12,10 @@ THostServices* hostServices = nullptr;
 TSession::~TSession() {
   // Finalisation may still ask the session that holds it.
   TSession* const before = MakeCurrent(this);
-  while (!FSlots.empty()) FSlots.pop_back();
+  while (!FSlots.empty()) {
+    const TEntry last = std::move(FSlots.back());
+    FSlots.pop_back();
+  }
   MakeCurrent(before == this ? nullptr : before);
 }
 

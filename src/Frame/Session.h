@@ -2,7 +2,6 @@
 
 #include <memory>
 #include <typeindex>
-#include <unordered_map>
 #include <vector>
 
 #include "Frame/Host/Host.h"
@@ -43,16 +42,23 @@ class ZAN_EXPORT TSession {
   struct TTypedSlot final : TAnySlot {
     T Value;
   };
+  struct TEntry {
+    std::type_index Type;
+    std::unique_ptr<TAnySlot> Slot;
+  };
 
   THostSession* FHost;
-  std::unordered_map<std::type_index, TAnySlot*> FIndex;
-  std::vector<std::unique_ptr<TAnySlot>> FSlots;
+
+  /// In order of creation. A session holds few slots, so looking through them is as fast as an index.
+  std::vector<TEntry> FSlots;
 };
 
 template <typename T>
 T* TSession::FindSlot() {
-  const auto found = FIndex.find(typeid(T));
-  return found == FIndex.end() ? nullptr : &static_cast<TTypedSlot<T>*>(found->second)->Value;
+  for (const TEntry& entry : FSlots) {
+    if (entry.Type == typeid(T)) return &static_cast<TTypedSlot<T>*>(entry.Slot.get())->Value;
+  }
+  return nullptr;
 }
 
 template <typename T>
@@ -60,8 +66,7 @@ T& TSession::Slot() {
   if (T* existing = FindSlot<T>()) return *existing;
   auto slot = std::make_unique<TTypedSlot<T>>();
   T& value = slot->Value;
-  FIndex.emplace(typeid(T), slot.get());
-  FSlots.push_back(std::move(slot));
+  FSlots.push_back({typeid(T), std::move(slot)});
   return value;
 }
 

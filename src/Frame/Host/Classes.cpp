@@ -85,13 +85,12 @@ std::string TStringList::Text() const {
 
 void TStringList::SetText(std::string_view text) {
   Clear();
-  while (!text.empty()) {
-    const std::size_t end = text.find_first_of("\r\n");
+  if (text.empty()) return;
+  for (std::size_t end = text.find("\r\n"); end != std::string_view::npos; end = text.find("\r\n")) {
     FLines.emplace_back(text.substr(0, end));
-    if (end == std::string_view::npos) return;
-    const bool twoBytes = text[end] == '\r' && end + 1 < text.size() && text[end + 1] == '\n';
-    text.remove_prefix(end + (twoBytes ? 2 : 1));
+    text.remove_prefix(end + 2);
   }
+  FLines.emplace_back(text);
 }
 
 void TStringList::SetCommaText(std::string_view text) {

@@ -55,7 +55,8 @@ class ZAN_EXPORT TStringList {
 
   /// The lines joined by "\r\n", with no break after the last.
   std::string Text() const;
-  /// Replaces the lines; "\r\n", "\n" and "\r" each end a line. An empty text gives no line.
+  /// Replaces the lines, split at "\r\n" alone, so that Text gives back exactly this text: a lone "\n" may
+  /// stand inside a value of a statement. An empty text gives no line.
   void SetText(std::string_view text);
   /// Replaces the lines by the pieces of a comma text: pieces end at commas or blanks, a piece in double
   /// quotes may hold both (a doubled quote stands for one).

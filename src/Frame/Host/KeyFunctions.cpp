@@ -33,6 +33,7 @@ TRunHostFunction::~TRunHostFunction() = default;
 
 TSystemInfo::~TSystemInfo() = default;
 TResourceStrings::~TResourceStrings() = default;
+void TResourceStrings::res_SetControlFont(TComponent& /*control*/) {}
 TMessageDialogs::~TMessageDialogs() = default;
 TCipher::~TCipher() = default;
 TWebServices::~TWebServices() = default;

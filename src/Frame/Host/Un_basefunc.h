@@ -42,10 +42,16 @@ class ZAN_EXPORT TFuncParamList {
   std::vector<TFuncParam> FItems;
 };
 
+/// The families in which a host keeps function classes.
+enum class TFuncType { System = 0, Menu = 1, Linked = 2 };
+
 /// Description of a function: its parameters with their defaults. Copyable; who runs a function by
 /// description works on a copy of the manager's shared one.
 class ZAN_EXPORT TFuncInfo {
  public:
+  /// The function that the description belongs to: the manager fills both and finds the function by them.
+  std::string FuncName;
+  TFuncType FuncType = TFuncType::System;
   /// Set by a function that has parameters for the designer to fill. Only the host reads it.
   bool HasDesignParams = false;
   TFuncParamList InParams;
@@ -114,9 +120,6 @@ class ZAN_EXPORT TSysBaseFunc : public TBaseFunc {
  public:
   ~TSysBaseFunc() override;
 };
-
-/// The families in which a host keeps function classes. The numbers are those of TFuncType.
-enum class TFuncType { System = 0, Menu = 1, Linked = 2 };
 
 /// One row of the table of function classes.
 struct TFuncClass {

@@ -7,6 +7,8 @@
 
 namespace zanrole {
 
+class TComponent;
+
 /// The record of the login. The host fills it before the session is used and owns it.
 class ZAN_EXPORT TSystemInfo {
  public:
@@ -37,6 +39,9 @@ class ZAN_EXPORT TResourceStrings {
   virtual std::string resS(std::string_view key) = 0;
   /// Makes later lookups of this file and section find it.
   virtual void resDLLDownload(std::string_view file, std::string_view section) = 0;
+  /// Gives a part of a form the font of the language. A host that leaves fonts to its client has nothing to
+  /// do.
+  virtual void res_SetControlFont(TComponent& control);
 };
 
 }  // namespace zanrole
