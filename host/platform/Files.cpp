@@ -1,6 +1,7 @@
 #include "host/platform/Files.h"
 
 #include <fcntl.h>
+#include <stdlib.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -21,10 +22,9 @@ namespace fs = std::filesystem;
 // A complete file under a name of its own, so that it can take its final name in one step.
 class TCompleteFile {
  public:
-  TCompleteFile(const fs::path& target, std::string_view text)
-      : FPath(target.string() + "." + std::to_string(::getpid()) + ".part") {
-    ::unlink(FPath.c_str());  // what a process of the same number may have left
-    FHandle = ::open(FPath.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
+  TCompleteFile(const fs::path& target, std::string_view text) : FPath(target.string() + ".XXXXXX") {
+    // Made new, with a name that nobody has, and readable by the owner alone.
+    FHandle = ::mkostemp(FPath.data(), O_CLOEXEC);
     if (FHandle < 0) RaiseLastError("cannot be written", target);
     Write(text);
   }
