@@ -33,7 +33,11 @@ bool IsBelow(const TTreeNode* node, const TTreeNode& top) {
 }  // namespace
 
 TComponent::TComponent(TForm& form, TComponent* container, std::string name, std::string caption)
-    : Caption(std::move(caption)), FForm(&form), FContainer(container), FName(std::move(name)) {
+    : Caption(std::move(caption)),
+      FForm(&form),
+      FContainer(container),
+      FName(std::move(name)),
+      FSerial(++form.FLastSerial) {
   form.FComponents.push_back(this);
 }
 

@@ -74,6 +74,8 @@ class ZAN_EXPORT TComponent {
   TComponent* Container() const { return FContainer; }
   /// Unique within the form.
   const std::string& Name() const { return FName; }
+  /// Counts the parts of the form in the order they were made; never given twice, also when parts have gone.
+  unsigned Serial() const { return FSerial; }
 
   std::string Caption;
   std::string Hint;
@@ -86,6 +88,7 @@ class ZAN_EXPORT TComponent {
   TForm* FForm;
   TComponent* FContainer;
   std::string FName;
+  unsigned FSerial;
 };
 
 enum class TGroupRole { Bar, Buttons, Fields, Status, Row, Column };
@@ -426,6 +429,7 @@ class ZAN_EXPORT TForm {
   friend class TComponent;
   TFormHost* FHost;
   std::vector<TComponent*> FComponents;
+  unsigned FLastSerial = 0;
 };
 
 /// How a large console is shown.
