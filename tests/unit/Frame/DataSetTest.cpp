@@ -1,0 +1,97 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "Frame/Host/Zandbs.h"
+
+namespace zantest {
+namespace {
+
+using testing::ElementsAre;
+using namespace zanrole;
+using std::string_literals::operator""s;
+
+TDataSet& Fill(TDataSet& data) {
+  data.Load({"ID", "Name"}, {std::int64_t{1}, "one"s, std::int64_t{2}, "two"s, std::int64_t{3}, {}});
+  return data;
+}
+
+TEST(DataSet, StandsOnTheFirstRowAndMovesToTheEnd) {
+  TDataSet data;
+  Fill(data);
+  std::vector<std::string> names;
+  for (data.First(); !data.Eof(); data.Next()) names.push_back(data.FieldByName("name").AsString());
+  EXPECT_THAT(names, ElementsAre("one", "two", ""));
+  EXPECT_TRUE(data.FieldByName("ID").IsNull());
+}
+
+TEST(DataSet, AnAbsentFieldRaisesOrIsNull) {
+  TDataSet data;
+  Fill(data);
+  EXPECT_THROW(data.FieldByName("Code"), EDatabaseError);
+  EXPECT_EQ(data.FindField("Code"), nullptr);
+}
+
+TEST(DataSet, LocatesByOneFieldOrSeveralAndStaysWhenThereIsNone) {
+  TDataSet data;
+  Fill(data);
+  EXPECT_TRUE(data.Locate("ID", {"2"s}));
+  EXPECT_EQ(data.FieldByName("Name").AsString(), "two");
+  EXPECT_TRUE(data.Locate("ID;Name", {std::int64_t{1}, "one"s}));
+  EXPECT_EQ(data.Row(), 0);
+  EXPECT_FALSE(data.Locate("Name", {"ONE"s}));
+  EXPECT_EQ(data.Row(), 0);
+}
+
+TEST(DataSet, AppendsChangesAndDeletesRows) {
+  TDataSet data{"ID", "Name"};
+  EXPECT_TRUE(data.IsEmpty());
+  data.Append();
+  data.FieldByName("ID").SetValue(std::int64_t{7});
+  data.Append();
+  data.FieldByName("ID").SetValue(std::int64_t{8});
+  ASSERT_TRUE(data.Locate("ID", {std::int64_t{7}}));
+  data.Delete();
+  EXPECT_EQ(data.RowCount(), 1);
+  EXPECT_EQ(data.FieldByName("ID").AsInteger(), 8);
+  data.EmptyTable();
+  EXPECT_TRUE(data.Eof());
+  EXPECT_TRUE(data.Active());
+}
+
+TEST(Params, AreTakenFromTheTextOutsideQuotesBracketsAndComments) {
+  TParams params;
+  params.Refill(
+      "select ':no', [:no], \":no\" -- :no\r\n /* :no */ from T where A=:A and B=:b1 and C=:a and T='it''s "
+      ":no'");
+  ASSERT_EQ(params.Count(), 2);
+  EXPECT_EQ(params[0].Name(), "A");
+  EXPECT_EQ(params[1].Name(), "b1");
+  EXPECT_EQ(params.Find("B1"), &params[1]);
+}
+
+TEST(Params, KeepTheValuesOfNamesThatStay) {
+  TParams params;
+  params.Refill("update T set A=:A, B=:B");
+  params.Find("B")->AsString("kept");
+  params.Refill("update T set B=:B where C=:C");
+  EXPECT_EQ(ValueAsString(params.Find("B")->Value()), "kept");
+  EXPECT_EQ(params.Find("A"), nullptr);
+}
+
+TEST(Values, ReadAsTheTypeThatIsAsked) {
+  EXPECT_EQ(ValueAsInteger("12"s), 12);
+  EXPECT_EQ(ValueAsInteger({}), 0);
+  EXPECT_EQ(ValueAsString(true), "True");
+  EXPECT_EQ(ValueAsString(2.5), "2.5");
+  EXPECT_TRUE(ValueAsBoolean(std::int64_t{-1}));
+  EXPECT_THROW(ValueAsInteger("x"s), EConvertError);
+  EXPECT_THROW(ValueAsInteger(std::int64_t{1} << 40), EConvertError);
+}
+
+TEST(DatabaseError, TellsTheMessageAndTheStatement) {
+  const EDatabaseError error("no such table: T", "select * from T");
+  EXPECT_STREQ(error.what(), "no such table: T\nselect * from T");
+}
+
+}  // namespace
+}  // namespace zantest
