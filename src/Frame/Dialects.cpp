@@ -74,15 +74,24 @@ void RunBatch(TZANQuery& query, const TStringList& statements) {
   if (statements.Count() > 0) ExecStatement(query, WrapBatch(statements));
 }
 
-void ExecStatement(TZANQuery& query, std::string_view statement) {
+namespace {
+
+/// As one line of the list: a line break inside a value stays the one that was entered.
+void SetStatement(TZANQuery& query, std::string_view statement) {
   query.Close();
-  query.SQL().SetText(statement);
+  query.SQL().Clear();
+  query.SQL().Add(std::string(statement));
+}
+
+}  // namespace
+
+void ExecStatement(TZANQuery& query, std::string_view statement) {
+  SetStatement(query, statement);
   query.ExecSQL();
 }
 
 void OpenStatement(TZANQuery& query, std::string_view statement) {
-  query.Close();
-  query.SQL().SetText(statement);
+  SetStatement(query, statement);
   query.Open();
 }
 

@@ -17,8 +17,8 @@ struct TFieldCheck {
   const char* Message;
 };
 
-/// Goes through the rules in order. At the first broken one its message is shown, its field gets the focus and
-/// the answer is false; the dialog then stays open.
+/// Goes through the rules in order. At the first broken one its message is shown, its field gets the focus
+/// and the answer is false; the dialog then stays open.
 bool PassesChecks(const std::vector<TFieldCheck>& checks);
 
 }  // namespace zanrole

@@ -11,7 +11,8 @@ namespace zanrole {
 /// Brings up the session's one `TConsole`, made at its first use in the style that the function asks for, and
 /// titles it by the function. When making it raises, the next opening tries again.
 ///
-/// `TConsole` derives from TBaseSubForm, is made of (TFormHost&, TSubFormStyle) and has `SetTitle(TBaseFunc&)`.
+/// `TConsole` derives from TBaseSubForm, is made of (TFormHost&, TSubFormStyle) and has
+/// `SetTitle(TBaseFunc&)`.
 template <typename TConsole>
 void OpenSingleConsole(TBaseFunc& func) {
   const bool modal = func.OpenStyle == kModalOpenStyle;
