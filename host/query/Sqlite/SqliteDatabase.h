@@ -1,0 +1,72 @@
+#pragma once
+
+#include <chrono>
+#include <memory>
+#include <string>
+
+#include "host/query/Adaptation.h"
+#include "host/query/DataUrl.h"
+#include "host/query/Database.h"
+#include "host/query/Sqlite/Connection.h"
+#include "host/query/Sqlite/StatementCache.h"
+
+namespace zanhost {
+
+/// The embedded database: FOLDER/zanrole.db is data and system database, and runs the texts for SQL Server.
+class TSqliteDatabase final : public TDatabase {
+ public:
+  /// Raises EDatabaseError with a text for a person.
+  TSqliteDatabase(const std::string& folder, TOpenMode mode);
+
+  zanrole::TDialect Dialect() const override { return zanrole::TDialect::SqlServer; }
+  std::string ServerType() const override { return "mssql"; }
+  std::unique_ptr<zanrole::TZANQuery> GetQuery() override;
+  std::unique_ptr<zanrole::TZANQuery> GetSysQuery() override;
+  std::unique_ptr<zanrole::TDBFieldHelper> GetDBFieldHelper() override;
+  std::unique_ptr<zanrole::TDBParamHelper> GetDBParamHelper() override;
+  std::unique_ptr<zanrole::TDBObjectHelper> GetDBObjectHelper() override;
+  std::unique_ptr<zanrole::TDBTypesHelper> GetDBTypesHelper() override;
+  std::unique_ptr<zanrole::TDBFunctionsHelper> GetDBFunctionsHelper() override;
+  std::unique_ptr<zanrole::TSelectSQLHelper> GetSelectSQLHelper() override;
+
+  void SetTrace(TTrace* trace) override { FTrace = trace; }
+  void Interrupt() noexcept override { FConnection.Interrupt(); }
+  void ExecScript(std::string_view script) override;
+  void BackupTo(const std::string& file) override;
+
+  /// When this connection gives up; may be changed at any time between two statements.
+  TSqliteLimits& Limits() { return FConnection.Limits(); }
+
+ private:
+  friend class TSqliteQuery;
+
+  /// One call of a query on its way through the engine.
+  struct TRun {
+    zanrole::TZANQuery& Query;
+    std::string_view Database;
+    std::string Text;
+    /// Where the first result goes; null when none is wanted.
+    zanrole::TDataSet* Result;
+    bool HasResult = false;
+    /// The engine's text when it differs; gathered only while a trace is on.
+    std::string Sent;
+  };
+
+  /// Runs what the query holds. Raises EDatabaseError.
+  void Run(zanrole::TZANQuery& query, std::string_view database, zanrole::TDataSet* result);
+
+  void Execute(TRun& run);
+  void ExecuteBatch(TRun& run, TStatementTexts& texts);
+  void ExecuteStatement(TRun& run, TPreparedStatement& statement);
+  std::shared_ptr<TPreparedStatement> Prepare(TTokens& tokens, bool persistent);
+  void Bind(TPreparedStatement& statement, zanrole::TParams& params);
+  void ReadResult(TRun& run, TPreparedStatement& statement);
+  void TraceRun(const TRun& run, std::chrono::steady_clock::time_point start, sqlite3_int64 changesBefore,
+                const TSqliteFault* fault);
+
+  TSqliteConnection FConnection;
+  TStatementCache FCache;
+  TTrace* FTrace = nullptr;
+};
+
+}  // namespace zanhost
