@@ -1,0 +1,41 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "host/query/Database.h"
+
+namespace zantest {
+
+/// One engine under test, with databases of its own that nothing else uses: how to reach it, how it spells
+/// what the cases need for their tables, and in what it differs.
+class TEngine {
+ public:
+  virtual ~TEngine() = default;
+
+  /// A new session; all sessions of one engine object see the same data.
+  virtual std::unique_ptr<zanhost::TDatabase> OpenSession() = 0;
+  /// Makes the tables of the product.
+  virtual void InstallSchema() = 0;
+
+  // Types of columns, for tables that a case makes.
+  virtual std::string TextType(int length) const = 0;
+  virtual std::string LongTextType() const = 0;
+  virtual std::string BooleanType() const = 0;
+  virtual std::string DateTimeType() const = 0;
+
+  /// Limits the time that a session waits for another one that writes.
+  virtual void WaitAtMostMilliseconds(zanhost::TDatabase& session, int milliseconds) = 0;
+
+  // Quirks, with the common answer.
+
+  /// An empty text is stored as null (Oracle).
+  virtual bool EmptyTextIsNull() const { return false; }
+};
+
+struct TEngineDeclaration {
+  std::string Name;
+  std::unique_ptr<TEngine> (*Make)();
+};
+
+}  // namespace zantest

@@ -1,0 +1,38 @@
+#include "host/platform/Schema.h"
+#include "host/query/Sqlite/SqliteDatabase.h"
+#include "tests/conformance/Conformance.h"
+#include "tests/support/TemporaryFolder.h"
+
+namespace zantest {
+
+namespace {
+
+class TSqliteEngine final : public TEngine {
+ public:
+  std::unique_ptr<zanhost::TDatabase> OpenSession() override {
+    return zanhost::OpenDatabase("sqlite:" + FFolder.Path().string(), zanhost::TOpenMode::CreateIfMissing);
+  }
+  void InstallSchema() override { zanhost::InstallSchema(*OpenSession()); }
+
+  std::string TextType(int length) const override { return "nvarchar(" + std::to_string(length) + ")"; }
+  std::string LongTextType() const override { return "text"; }
+  std::string BooleanType() const override { return "bit"; }
+  std::string DateTimeType() const override { return "datetime"; }
+
+  void WaitAtMostMilliseconds(zanhost::TDatabase& session, int milliseconds) override {
+    dynamic_cast<zanhost::TSqliteDatabase&>(session).Limits().Busy = std::chrono::milliseconds(milliseconds);
+  }
+
+ private:
+  TTemporaryFolder FFolder;
+};
+
+}  // namespace
+
+INSTANTIATE_TEST_SUITE_P(Sqlite, Conformance,
+                         testing::Values(TEngineDeclaration{
+                             "Sqlite",
+                             []() -> std::unique_ptr<TEngine> { return std::make_unique<TSqliteEngine>(); }}),
+                         [](const auto& declared) { return declared.param.Name; });
+
+}  // namespace zantest
