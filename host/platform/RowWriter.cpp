@@ -1,0 +1,39 @@
+#include "host/platform/RowWriter.h"
+
+#include <fmt/format.h>
+#include <fmt/ranges.h>
+
+#include <string>
+#include <vector>
+
+namespace zanhost {
+
+namespace {
+
+void SetValue(zanrole::TParam& param, const zanrole::TZanValue& value) {
+  if (const auto* text = std::get_if<std::string>(&value)) return param.AsString(*text);
+  if (const auto* number = std::get_if<std::int64_t>(&value)) return param.AsInteger(*number);
+  if (const auto* truth = std::get_if<bool>(&value)) return param.AsBoolean(*truth);
+  if (const auto* time = std::get_if<zanrole::TDateTime>(&value)) return param.AsDateTime(*time);
+  param.Clear();
+}
+
+}  // namespace
+
+TRowWriter::TRowWriter(TDatabase& database, std::string_view table,
+                       std::initializer_list<std::string_view> columns)
+    : FQuery(database.GetQuery()) {
+  std::vector<std::string> markers;
+  for (const std::string_view column : columns) markers.push_back(fmt::format(":{}", column));
+  FQuery->SQL().SetText(fmt::format("insert into {} ({}) values ({})", table, fmt::join(columns, ", "),
+                                    fmt::join(markers, ", ")));
+}
+
+void TRowWriter::Add(std::initializer_list<zanrole::TZanValue> values) {
+  zanrole::TParams& params = FQuery->Params();
+  int index = 0;
+  for (const zanrole::TZanValue& value : values) SetValue(params[index++], value);
+  FQuery->ExecSQL();
+}
+
+}  // namespace zanhost

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <initializer_list>
+#include <memory>
+#include <string_view>
+
+#include "host/query/Database.h"
+
+namespace zanhost {
+
+/// Inserts rows of one table one by one, by one prepared statement.
+class TRowWriter {
+ public:
+  /// The database must outlive the writer.
+  TRowWriter(TDatabase& database, std::string_view table, std::initializer_list<std::string_view> columns);
+  /// REQUIRES: one value for each column. Raises EDatabaseError.
+  void Add(std::initializer_list<zanrole::TZanValue> values);
+
+ private:
+  std::unique_ptr<zanrole::TZANQuery> FQuery;
+};
+
+}  // namespace zanhost
