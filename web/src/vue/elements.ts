@@ -1,0 +1,11 @@
+// Style sheets of the controls in use; the controls themselves are imported where they are used.
+import 'element-plus/es/components/base/style/css'
+import 'element-plus/es/components/button/style/css'
+import 'element-plus/es/components/checkbox/style/css'
+import 'element-plus/es/components/input/style/css'
+import 'element-plus/es/components/input-number/style/css'
+import 'element-plus/es/components/option/style/css'
+import 'element-plus/es/components/progress/style/css'
+import 'element-plus/es/components/radio/style/css'
+import 'element-plus/es/components/radio-group/style/css'
+import 'element-plus/es/components/select/style/css'
