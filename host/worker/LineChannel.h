@@ -1,0 +1,55 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace zanhost {
+
+enum class TReading {
+  Line,
+  /// A line longer than the limit was passed over.
+  TooLong,
+  /// Nothing is there yet.
+  Nothing,
+  /// The other side is gone; every later reading says so too.
+  Closed
+};
+
+/// Lines to and from whoever drives a session. Used by one thread.
+class TLineChannel {
+ public:
+  virtual ~TLineChannel() = default;
+  /// The next line without its line break. `wait` waits until there is something to report.
+  virtual TReading Read(std::string& line, bool wait) = 0;
+  /// Sends one line. What cannot be sent is dropped: the next reading finds the channel closed.
+  virtual void Write(std::string_view line) = 0;
+};
+
+/// A channel over two file descriptors, which it does not own.
+class TDescriptorChannel final : public TLineChannel {
+ public:
+  /// `maxLine`: bytes of the longest line that is accepted.
+  TDescriptorChannel(int input, int output, std::size_t maxLine)
+      : FInput(input), FOutput(output), FMaxLine(maxLine) {}
+  TReading Read(std::string& line, bool wait) override;
+  void Write(std::string_view line) override;
+
+ private:
+  bool HasInput(bool wait) const;
+  bool TakeLine(std::string& line, TReading& reading);
+  void DropOverlong();
+  void FillBuffer();
+
+  int FInput;
+  int FOutput;
+  std::size_t FMaxLine;
+  std::string FBuffer;
+  /// What stands before it in the buffer holds no line break.
+  std::size_t FSearched = 0;
+  /// The rest of a line that is too long is still to come.
+  bool FSkipping = false;
+  bool FClosed = false;
+};
+
+}  // namespace zanhost
