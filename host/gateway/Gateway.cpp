@@ -1,0 +1,170 @@
+#include "host/gateway/Gateway.h"
+
+#include <fmt/format.h>
+
+#include <boost/asio/io_context.hpp>
+#include <boost/asio/signal_set.hpp>
+#include <csignal>
+#include <cstdlib>
+#include <exception>
+#include <iostream>
+#include <system_error>
+#include <utility>
+
+#include "host/gateway/Api.h"
+#include "host/gateway/ListenRules.h"
+#include "host/gateway/Listener.h"
+#include "host/gateway/Login.h"
+#include "host/gateway/Sessions.h"
+#include "host/gateway/StaticFiles.h"
+#include "host/platform/Log.h"
+
+namespace zanhost {
+
+using asio::ip::tcp;
+
+namespace {
+
+// After the last worker: time for the last lines to reach the pages.
+constexpr std::chrono::milliseconds kFarewell{200};
+
+// A folder that only this user can enter, removed at the end.
+class TTemporaryFolder {
+ public:
+  TTemporaryFolder() {
+    std::string pattern = (std::filesystem::temp_directory_path() / "zanrole-XXXXXX").string();
+    if (::mkdtemp(pattern.data()) == nullptr)
+      throw std::system_error(errno, std::generic_category(),
+                              "No folder for the sessions' files can be made");
+    FPath = pattern;
+  }
+  ~TTemporaryFolder() {
+    std::error_code leftBehind;
+    std::filesystem::remove_all(FPath, leftBehind);
+  }
+  TTemporaryFolder(const TTemporaryFolder&) = delete;
+  TTemporaryFolder& operator=(const TTemporaryFolder&) = delete;
+
+  const std::filesystem::path& Path() const { return FPath; }
+
+ private:
+  std::filesystem::path FPath;
+};
+
+TConnectionRules ConnectionRules(const TServeOptions& options) {
+  return {ReadTlsFiles(options), ProxyAddress(options)};
+}
+
+TSessionSettings SessionSettings(const TServeOptions& options) {
+  const bool isOwn = options.WorkerProgram.empty();
+  return {isOwn ? OwnProgram() : options.WorkerProgram, options.Data, options.Idle, options.Stuck,
+          options.EndLimit};
+}
+
+std::string DescribeListenFault(const TServeOptions& options, const boost::system::error_code& fault) {
+  if (fault == asio::error::address_in_use)
+    return fmt::format(
+        "Cannot listen on {}: another program uses this port. Stop that program, or choose another port with "
+        "--listen ADDR:PORT.",
+        options.Listen);
+  return fmt::format("Cannot listen on {}: {}.", options.Listen, fault.message());
+}
+
+class TGateway {
+ public:
+  explicit TGateway(const TServeOptions& options);
+  void Run();
+
+ private:
+  std::unique_ptr<TListener> Listen();
+  TTask<> EndAtSignal();
+  TTask<> RenewCertificateAtSignal();
+  void LogLine(std::string_view outcome) { FLog.Write({{}, {}, "serve", std::string(outcome), {}}); }
+
+  const TServeOptions& FOptions;
+  // Before all that waits in it, so that it ends after them.
+  asio::io_context FContext{1};
+  TConnectionRules FRules;
+  tcp::endpoint FWanted;
+  TLog FLog;
+  TTemporaryFolder FFiles;
+  TLoginDesk FLogin;
+  TSessions FSessions;
+  TStaticFiles FStaticFiles;
+  TApi FApi;
+  std::unique_ptr<TListener> FListener;
+};
+
+TGateway::TGateway(const TServeOptions& options)
+    : FOptions(options),
+      FRules(ConnectionRules(options)),
+      FWanted(ListenEndpoint(options)),
+      FLog(options.Folder),
+      FLogin(FContext.get_executor(), options.Data, options.Folder, FLog),
+      FSessions(FContext.get_executor(), SessionSettings(options), options.MaxSessions, FFiles.Path(), FLog),
+      FStaticFiles(ClientFolder(options.Web)),
+      FApi(FLogin, FSessions, FStaticFiles, options.MaxUpload),
+      FListener(Listen()) {}
+
+std::unique_ptr<TListener> TGateway::Listen() {
+  try {
+    return std::make_unique<TListener>(FContext.get_executor(), FWanted, FRules, FApi,
+                                       FOptions.MaxConnectionsPerAddress);
+  } catch (const boost::system::system_error& fault) {
+    throw EBadOption(DescribeListenFault(FOptions, fault.code()));
+  }
+}
+
+void TGateway::Run() {
+  const tcp::endpoint endpoint = FListener->Endpoint();
+  const std::string host = endpoint.address().is_v6() ? "[" + endpoint.address().to_string() + "]"
+                                                      : endpoint.address().to_string();
+  const std::string address = fmt::format("{}://{}:{}", FRules.Tls ? "https" : "http", host, endpoint.port());
+  Spawn(FContext.get_executor(), "signals", EndAtSignal());
+  Spawn(FContext.get_executor(), "certificate", RenewCertificateAtSignal());
+  Spawn(FContext.get_executor(), "sessions", FSessions.Watch());
+  Spawn(FContext.get_executor(), "listener", FListener->Run());
+  LogLine("listens on " + address);
+  std::cout << "zanhost listens on " << address << std::endl;
+  FContext.run();
+  LogLine("stopped");
+}
+
+// A second signal does not wait for workers: they are killed as the gateway ends.
+TTask<> TGateway::EndAtSignal() {
+  asio::signal_set signals(FContext, SIGTERM, SIGINT);
+  co_await signals.async_wait(kWithError);
+  signals.async_wait([this](boost::system::error_code, int) { FContext.stop(); });
+  FListener->Stop();
+  co_await FSessions.EndAll("stopped");
+  asio::steady_timer farewell(FContext, kFarewell);
+  co_await farewell.async_wait(kWithError);
+  FContext.stop();
+}
+
+TTask<> TGateway::RenewCertificateAtSignal() {
+  asio::signal_set signals(FContext, SIGHUP);
+  for (;;) {
+    co_await signals.async_wait(kWithError);
+    try {
+      FRules.Tls = ReadTlsFiles(FOptions);
+      LogLine("certificate read again");
+    } catch (const EBadOption& fault) {
+      LogLine(fault.what());
+    }
+  }
+}
+
+}  // namespace
+
+int Serve(const TServeOptions& options) {
+  try {
+    TGateway(options).Run();
+    return 0;
+  } catch (const std::exception& fault) {
+    std::cerr << "zanhost serve: " << OutcomeOf(fault) << '\n';
+    return 1;
+  }
+}
+
+}  // namespace zanhost

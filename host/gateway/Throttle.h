@@ -1,0 +1,46 @@
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+#include <map>
+#include <string>
+#include <string_view>
+
+namespace zanhost {
+
+struct TThrottleRule {
+  /// Tries that may fail without a delay.
+  int FreeTries;
+  /// After the next failed try one second, then twice as long each time, up to this.
+  std::chrono::seconds LongestDelay;
+};
+
+/// Slows failed logins down, for each login name or each address. A try counts as failed until it succeeds,
+/// so tries at the same time do not slip through together.
+class TThrottle {
+ public:
+  using TTime = std::chrono::steady_clock::time_point;
+
+  explicit TThrottle(TThrottleRule rule) : FRule(rule) {}
+
+  /// How long `key` has to wait, zero when it may try. REQUIRES of a try: Begin right after.
+  std::chrono::seconds Delay(std::string_view key, TTime now) const;
+  void Begin(std::string_view key, TTime now);
+  /// The try succeeded: it was none of those that count.
+  void TakeBack(std::string_view key);
+  /// Forgets what failed before.
+  void Forget(std::string_view key);
+
+ private:
+  struct TEntry {
+    int Failures = 0;
+    TTime Last;
+    TTime Until;
+  };
+  void DropOld(TTime now);
+
+  TThrottleRule FRule;
+  std::map<std::string, TEntry, std::less<>> FEntries;
+};
+
+}  // namespace zanhost
