@@ -53,10 +53,13 @@ bool TDescriptorChannel::HasInput(bool wait) const {
 void TDescriptorChannel::FillBuffer() {
   std::array<char, 65536> piece;
   const ssize_t got = read(FInput, piece.data(), piece.size());
-  if (got > 0)
+  if (got > 0) {
     FBuffer.append(piece.data(), static_cast<std::size_t>(got));
-  else if (got == 0 || errno != EINTR)
+  } else if (got == 0 || errno != EINTR) {
     FClosed = true;
+    // The last line of a script may lack its end.
+    if (!FBuffer.empty()) FBuffer += '\n';
+  }
 }
 
 void TDescriptorChannel::Write(std::string_view line) {
