@@ -1,0 +1,32 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "host/query/Database.h"
+
+namespace zantest {
+
+inline void Execute(zanhost::TDatabase& database, std::string_view statement) {
+  const auto query = database.GetQuery();
+  query->SQL().SetText(statement);
+  query->ExecSQL();
+}
+
+/// A column of the first row; empty without one.
+inline std::string Text(zanhost::TDatabase& database, std::string_view statement, int column = 0) {
+  const auto query = database.GetQuery();
+  query->SQL().SetText(statement);
+  query->Open();
+  return query->Fields(column).AsString();
+}
+
+/// The first column of the first row; 0 without one.
+inline int Number(zanhost::TDatabase& database, std::string_view statement) {
+  const auto query = database.GetQuery();
+  query->SQL().SetText(statement);
+  query->Open();
+  return query->Fields(0).AsInteger();
+}
+
+}  // namespace zantest
