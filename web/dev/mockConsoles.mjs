@@ -275,11 +275,12 @@ function addCells(window) {
     onCount: () => rows.length,
     onRow: index => ({
       id: index + 1,
-      cells: [rows[index][0], { text: rows[index][1], editable: true, pick: index === 1 ? ['男', '女'] : undefined, button: index === 2 }],
+      cells: [rows[index][0], { text: rows[index][1], edit: true, pick: index === 1 ? ['男', '女'] : undefined, button: index === 2 }],
       selected: selected === index + 1,
     }),
     onSelect: id => { selected = id },
-    onEdit: (id, column, value, button) => { rows[id - 1][column] = button ? '人事部' : value },
+    onEdit: (id, column, value) => { rows[id - 1][column] = value },
+    onExecute: (id, column) => { rows[id - 1][column] = '人事部' },
   })
 }
 

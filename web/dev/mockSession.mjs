@@ -150,15 +150,15 @@ export class MockSession {
     if (event.do === 'close') return (window.onClose ?? (() => window.close('Cancel')))()
     if (!part || !value(part.visible) || !value(part.enabled)) return
     const handlers = {
-      act: () => part.onExecute?.(),
+      act: () => part.onExecute?.(event.id, event.column),
       set: () => setValue(this.sent.get(window.handle)?.parts.get(part.name), part, event.value),
       select: () => part.onSelect?.(event.id ?? part.onRow(event.index).id, event.mode ?? 'set'),
       activate: () => part.onActivate?.(event.id),
       toggle: () => part.onToggle?.(event.id),
       sort: () => part.onSort?.(event.column),
-      edit: () => part.onEdit?.(event.id, event.column, event.value, event.button),
+      edit: () => part.onEdit?.(event.id, event.column, event.value),
       drop: () => part.onDrop?.(event.ids, event.onto),
-      view: () => { part.view = { first: event.first, last: event.last } },
+      view: () => { part.view = { first: event.first, last: event.last + 1 } },
     }
     handlers[event.do]?.()
   }

@@ -14,8 +14,8 @@ export interface Credentials {
 
 export type LoginOutcome =
   | { is: 'in'; info: LoginInfo }
-  /** Unknown, wrong or disabled: the server does not tell which. */
-  | { is: 'refused'; detail: string }
+  | { is: 'refused'; disabled: boolean }
+  /** A new password is needed; with a detail, the one that was given is not taken. */
   | { is: 'reset'; detail: string }
   | { is: 'slowed'; seconds: number }
   | { is: 'failed'; detail: string }
@@ -52,8 +52,9 @@ export class Api {
     const body = await bodyOf(reply)
     if (reply.ok) return { is: 'in', info: body as unknown as LoginInfo }
     const detail = typeof body['detail'] === 'string' ? body['detail'] : ''
-    if (reply.status === 401) return { is: 'refused', detail }
-    if (reply.status === 403 && body['reset'] === true) return { is: 'reset', detail }
+    if (reply.status === 401) return { is: 'refused', disabled: body['reason'] === 'disabled' }
+    if (reply.status === 403 && body['reset'] === true) return { is: 'reset', detail: '' }
+    if (reply.status === 422) return { is: 'reset', detail }
     if (reply.status === 429) return { is: 'slowed', seconds: Number(reply.headers.get('Retry-After')) || DEFAULT_WAIT }
     return { is: 'failed', detail: detail || `HTTP ${reply.status}` }
   }

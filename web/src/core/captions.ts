@@ -14,5 +14,5 @@ export function plainCaption(caption: string): string {
 
 /** The caption as the label of a field: without aligning blanks and the colon. */
 export function fieldCaption(caption: string): string {
-  return plainCaption(caption).replace(/　/g, '').replace(/\s*[:：]$/, '').trim()
+  return plainCaption(caption).replace(/\u3000/g, '').replace(/\s*[:：]$/, '').trim()
 }

@@ -70,6 +70,7 @@ export class Mirror {
     else if ('component' in change) this.add(change)
     else if ('set' in change) this.set(change)
     else if ('rows' in change) this.setRows(change)
+    else if ('remove' in change) this.remove(change.remove, change.name)
     else if ('close' in change) this.windows.delete(change.close)
     else if ('focus' in change) this.wishFocus(change.focus, change.name)
     else if ('reveal' in change) this.wishReveal(change.reveal, change.name, change.index)
@@ -111,6 +112,15 @@ export class Mirror {
     window.components.set(change.name, state)
     const parent = state.container === null ? window : window.components.get(state.container)
     parent?.children.push(change.name)
+  }
+
+  private remove(handle: number, name: string): void {
+    const window = this.windows.get(handle)
+    const state = window?.components.get(name)
+    if (!window || !state) return
+    window.components.delete(name)
+    const parent = state.container === null ? window : window.components.get(state.container)
+    if (parent) parent.children = parent.children.filter(child => child !== name)
   }
 
   private set(change: SetChange): void {

@@ -43,7 +43,7 @@ export interface Properties {
   descending?: boolean
   empty?: string
   /** Id of the row that has the keyboard. */
-  focused?: number
+  focused?: number | null
   total?: number
   /** Rows can be dragged. */
   drag?: boolean
@@ -55,7 +55,7 @@ export type NodeState = 'open' | 'closed' | 'leaf'
 /** A cell of a grid that can be edited; a plain text stands for one that cannot. */
 export interface EditableCell {
   text: string
-  editable?: boolean
+  edit?: boolean
   pick?: string[]
   button?: boolean
 }
@@ -88,6 +88,8 @@ export interface RowsChange {
   first: number
   items: Row[]
 }
+/** A component that is no longer there. */
+export interface RemoveChange { remove: number; name: string }
 export interface CloseChange { close: number }
 export interface FocusChange { focus: number; name?: string }
 export interface RevealChange { reveal: number; name: string; index: number }
@@ -96,7 +98,7 @@ export type ByeReason = 'taken' | 'ended' | 'idle' | 'crashed' | 'stuck' | 'stop
 export interface ByeChange { bye: ByeReason }
 
 export type Change =
-  | OpenChange | ComponentChange | SetChange | RowsChange | CloseChange | FocusChange | RevealChange | FileChange
+  | OpenChange | ComponentChange | SetChange | RowsChange | RemoveChange | CloseChange | FocusChange | RevealChange | FileChange
   | ByeChange
 
 export interface ChangesMessage {
@@ -112,14 +114,15 @@ export type SelectMode = 'set' | 'toggle' | 'range'
 
 /** What a person did; the number is added on sending. */
 export type ClientEvent =
-  | { do: 'act'; window: number; name: string }
+  /** With a row and a column: the button in that cell of a grid. */
+  | { do: 'act'; window: number; name: string; id?: number; column?: number }
   | { do: 'set'; window: number; name: string; value: Value }
   | { do: 'select'; window: number; name: string; id?: number; index?: number; mode?: SelectMode }
   | { do: 'activate'; window: number; name: string; id: number }
   | { do: 'toggle'; window: number; name: string; id: number }
   | { do: 'expandAll'; window: number; name: string; id?: number }
   | { do: 'mark'; window: number; name: string; id: number }
-  | { do: 'edit'; window: number; name: string; id: number; column: number; value?: string; button?: boolean }
+  | { do: 'edit'; window: number; name: string; id: number; column: number; value: string }
   | { do: 'drop'; window: number; name: string; ids: number[]; onto: number | null; name2?: string }
   | { do: 'sort'; window: number; name: string; column: number }
   | { do: 'view'; window: number; name: string; first: number; last: number }

@@ -90,12 +90,12 @@ export class Session {
     this.cancelFlush ??= this.clock.after(TYPING_DELAY, () => this.flushTyped())
   }
 
-  /** Tells the session which rows are looked at, unless it knows. */
+  /** Tells the session that the rows [first, last) are looked at, unless it knows. On the line, `last` is the last row. */
   view(window: number, name: string, first: number, last: number): void {
     const rows = this.mirror.find(window, name)?.rows
     if (!rows || (rows.first === first && rows.last === last)) return
     rows.look(first, last)
-    this.transmit({ do: 'view', window, name, first, last })
+    this.transmit({ do: 'view', window, name, first, last: last - 1 })
   }
 
   private show(window: number, name: string, value: Value): void {

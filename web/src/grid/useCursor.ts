@@ -14,7 +14,7 @@ export interface Cursor {
   toParent: (index: number) => void
 }
 
-/** Rows that a search for a parent takes in at a time. */
+/** Rows that a search for a parent takes in at a time. The session gives 500 at most. */
 const SEARCH_STEP = 400
 
 /**
@@ -102,7 +102,7 @@ export function useCursor(
   function fallIn(): void {
     const store = rows()
     const focused = state().focused
-    const at = focused === undefined || focused < 0 ? -1 : store.indexOf(focused)
+    const at = typeof focused !== 'number' || focused < 0 ? -1 : store.indexOf(focused)
     const selected = at >= 0 ? at : indexOfSelected(store)
     if (selected >= 0) index.value = selected
     else if (index.value >= store.total) index.value = Math.max(0, store.total - 1)

@@ -101,20 +101,33 @@ export function useGridKeys(parts: GridKeysParts): GridKeys {
     const at = cursor.index.value
     const row = rows().at(at)
     const { window, name, multi } = state()
-    if (event.key === 'Enter' && !parts.cellwise()) return rows().total > 0 && (cursor.activate(at), true)
+    if (event.key === 'Enter' && !parts.cellwise() && rows().total > 0) {
+      cursor.activate(at)
+      return true
+    }
     if (event.key === ' ') {
       if (row?.mark) parts.session.send({ do: 'mark', window, name, id: row.id })
       else cursor.select(at, multi ? 'toggle' : 'set')
       return true
     }
-    if (event.key === '*' && row && state().kind === 'tree') return parts.session.send({ do: 'expandAll', window, name, id: row.id }), true
-    if (!event.ctrlKey && !event.metaKey) return false
-    const letter = event.key.toLowerCase()
-    if (letter === 'a' && multi) cursor.select(0), cursor.select(rows().total - 1, 'range')
+    if (event.key === '*' && row && state().kind === 'tree') {
+      parts.session.send({ do: 'expandAll', window, name, id: row.id })
+      return true
+    }
+    return (event.ctrlKey || event.metaKey) && actsWithControl(event.key.toLowerCase(), at)
+  }
+
+  function actsWithControl(letter: string, at: number): boolean {
+    if (letter === 'a' && state().multi) selectAll()
     else if (letter === 'x' && state().drag) parts.drag.pickUp(at)
     else if (letter === 'v') parts.drag.drop(at)
     else return false
     return true
+  }
+
+  function selectAll(): void {
+    cursor.select(0)
+    cursor.select(rows().total - 1, 'range')
   }
 
   function edits(event: KeyboardEvent): boolean {

@@ -1,7 +1,7 @@
 import { createApp } from 'vue'
 import './elements'
-import '../renderers'
-import '../layouts'
+import '../renderers/index'
+import '../layouts/index'
 import './theme.css'
 import App from './App.vue'
 
