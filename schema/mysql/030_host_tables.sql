@@ -1,0 +1,27 @@
+-- Tables of the host itself, in the data database but for ZanPluginParam, which lies in the system database.
+--
+-- Texts compare byte by byte, trailing blanks included. The server must fold the case of table names
+-- (lower_case_table_names=1): the statements name one table in several cases.
+
+-- One row: the version of the installed schema.
+create table if not exists ZanSchemaVersion (
+  Version     int not null,
+  InstalledAt datetime not null,
+  primary key (Version)
+) character set utf8mb4 collate utf8mb4_nopad_bin;
+
+-- The last number that each counter gave out. Names are kept in lower case.
+create table if not exists ZanCounter (
+  Name      varchar(100) not null,
+  LastValue int not null,
+  primary key (Name)
+) character set utf8mb4 collate utf8mb4_nopad_bin;
+
+-- Parameters that plug-ins keep: one text for each group, object and name.
+create table if not exists ZanPluginParam (
+  ParamGroup varchar(100) not null,
+  ObjectID   int not null,
+  ParamName  varchar(200) not null,
+  ParamText  longtext,
+  primary key (ParamGroup, ObjectID, ParamName)
+) character set utf8mb4 collate utf8mb4_nopad_bin;
