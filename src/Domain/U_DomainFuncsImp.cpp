@@ -45,7 +45,8 @@ namespace {
 // clang-format off
 constexpr const char* kDomainInRangeById =
     "select DescendantID from STDomainInherits "
-    "where AncestorID in ( select DomainID from STDomainMembers where IsOwned = 0 and UserOID = %d ) and DescendantID = %d";
+    "where AncestorID in ( select DomainID from STDomainMembers where IsOwned = 0 and UserOID = %d ) "
+    "and DescendantID = %d";
 
 // A condition on the domain follows.
 constexpr const char* kDomainInRange =

@@ -23,7 +23,8 @@ constexpr const char* kRoles =
 // Managers by ownership alone; users also by their range.
 constexpr const char* kManagers =
     " select %s from STUsers where UnUsed <> 1 and uGroup = 0 and OID in "
-    "( select UserOID from STDomainMembers where MemberType = 2 and IsOwned = 1 and DomainID in (%s) ) order by 1";
+    "( select UserOID from STDomainMembers where MemberType = 2 and IsOwned = 1 and DomainID in (%s) ) "
+    "order by 1";
 
 constexpr const char* kLowerDomains = " select DescendantID from STDomainInherits where AncestorID in (%s) ";
 // clang-format on

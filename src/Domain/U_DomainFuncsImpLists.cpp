@@ -33,7 +33,8 @@ constexpr const char* kOwnDomainIDs =
 
 constexpr const char* kOwnDomainIDss =
     "select distinct DescendantID from STDomainInherits "
-    "where AncestorID in ( select DomainID from STDomainMembers where IsOwned = 1 and MemberType <> 3 and UserOID = %d ) "
+    "where AncestorID in "
+    "( select DomainID from STDomainMembers where IsOwned = 1 and MemberType <> 3 and UserOID = %d ) "
     "order by 1";
 
 constexpr const char* kOwnDomainCodes =
@@ -43,7 +44,8 @@ constexpr const char* kOwnDomainCodes =
 
 constexpr const char* kOwnDomainCodess =
     "select distinct b.Code from STDomainInherits a inner join STDomains b on a.DescendantID = b.ID "
-    "where a.AncestorID in ( select DomainID from STDomainMembers where IsOwned = 1 and MemberType <> 3 and UserOID = %d ) "
+    "where a.AncestorID in "
+    "( select DomainID from STDomainMembers where IsOwned = 1 and MemberType <> 3 and UserOID = %d ) "
     "order by 1";
 
 constexpr const char* kCreatedDomainIDs =
@@ -78,14 +80,18 @@ namespace {
 
 // clang-format off
 constexpr const char* kUserOIDs =
-    "select OID from STUsers where UnUsed <> 1 and uGroup = 0 and IsAdministrator = 0 and OID in (%s ) order by 1";
+    "select OID from STUsers "
+    "where UnUsed <> 1 and uGroup = 0 and IsAdministrator = 0 and OID in (%s ) order by 1";
 constexpr const char* kUserLogins =
-    "select UserID from STUsers where UnUsed <> 1 and uGroup = 0 and IsAdministrator = 0 and OID in (%s ) order by 1";
+    "select UserID from STUsers "
+    "where UnUsed <> 1 and uGroup = 0 and IsAdministrator = 0 and OID in (%s ) order by 1";
 // The second column is not read; one list asks for it all the same.
 constexpr const char* kUserLoginsAndNames =
-    "select UserID, UserName from STUsers where UnUsed <> 1 and uGroup = 0 and IsAdministrator = 0 and OID in (%s ) order by 1";
+    "select UserID, UserName from STUsers "
+    "where UnUsed <> 1 and uGroup = 0 and IsAdministrator = 0 and OID in (%s ) order by 1";
 constexpr const char* kRoleOIDs =
-    "select OID from STUsers where UnUsed <> 1 and uGroup = 1 and IsAdministrator = 0 and OID in (%s ) order by 1";
+    "select OID from STUsers "
+    "where UnUsed <> 1 and uGroup = 1 and IsAdministrator = 0 and OID in (%s ) order by 1";
 
 // Members by the operator's domains.
 constexpr const char* kUsersOfAuth =

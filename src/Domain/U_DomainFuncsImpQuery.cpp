@@ -14,7 +14,7 @@ std::string QueryList(std::string_view statement) {
   std::string list;
   for (OpenStatement(*query, statement); !query->Eof(); query->Next()) {
     const std::string value = query->Fields(0).AsString();
-    if (!value.empty()) list += value + ",";
+    if (!value.empty()) list.append(value).append(",");
   }
   if (!list.empty()) list.pop_back();
   return list;
@@ -39,7 +39,8 @@ namespace {
 // clang-format off
 constexpr const char* kCurrent = " select ID DomainID from STDomains where ID = %s";
 constexpr const char* kCreated = " select DomainID from STDomainMembers where MemberType = 3 and UserOID = %d";
-constexpr const char* kOwn     = " select DomainID from STDomainMembers where IsOwned = 1 and MemberType <> 3 and UserOID = %d";
+constexpr const char* kOwn =
+    " select DomainID from STDomainMembers where IsOwned = 1 and MemberType <> 3 and UserOID = %d";
 constexpr const char* kAuth    = " select DomainID from STDomainMembers where IsOwned = 0 and UserOID = %d";
 
 constexpr const char* kCurrentForUnknownWords = "select ID DomainID from STDomains where ID = %s";

@@ -17,11 +17,13 @@ constexpr const char* kInsertEmptyUser =
 
 // SQL Server, inside a batch that also gives the result: creator, name of the creator.
 constexpr const char* kInsertEmptyUserInBatch =
-    "insert into STUsers(OID, Creator, CreateTime, CreatorName) select IsNull(max(oid),0)+1, %d, GetDate(), %s from STUsers;";
+    "insert into STUsers(OID, Creator, CreateTime, CreatorName) "
+    "select IsNull(max(oid),0)+1, %d, GetDate(), %s from STUsers;";
 
 constexpr const char* kInsertUser =
-    " insert into STUsers(OID, UserID, UserName, UserDesc, uGroup, IsAdministrator , UnUsed, EmpowermentRight, Creator, CreateTime, CreatorName)"
-    " select IsNull(max(OID),0) + 1, %s, %s, %s, %d, %d, %d, %d, %d, %s, %s from STUsers ";
+    " insert into STUsers(OID, UserID, UserName, UserDesc, uGroup, IsAdministrator , UnUsed, EmpowermentRight, "
+    "Creator, CreateTime, CreatorName) "
+    "select IsNull(max(OID),0) + 1, %s, %s, %s, %d, %d, %d, %d, %d, %s, %s from STUsers ";
 
 constexpr const char* kFindUser = "select OID from STUsers where UserID = %s and UserName = %s and uGroup = %d";
 // An empty text is null on Oracle.

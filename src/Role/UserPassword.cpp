@@ -40,7 +40,7 @@ constexpr const char* kNoteTime      = "Update STUserPasswordStrategy Set LastMo
 
 std::string SavePassword(int oid, const std::string& login, const std::string& held) {
   const std::string plain = PlainPassword(login, held);
-  const std::string stored =
+  std::string stored =
       SystemInfo().EncryptPassword ? TAesSecretKey::Encrypt(LoginAndPassword(login, plain)) : plain;
 
   const bool mySql = DbHelper_IsMySql();
