@@ -40,8 +40,7 @@ void TRowsView::AppendChanges(int window, std::string_view name, json::array& ch
     json::object row = FSource->Row(index);
     const auto sent = FSent.find(index);
     if (sent != FSent.end() && sent->second == row) {
-      if (!run.empty())
-        AppendRun(window, name, index - static_cast<int>(run.size()), std::move(run), changes);
+      if (!run.empty()) AppendRun(window, name, index, std::move(run), changes);
       run = json::array();
       continue;
     }
@@ -49,13 +48,14 @@ void TRowsView::AppendChanges(int window, std::string_view name, json::array& ch
     run.push_back(std::move(row));
     nothingSent = false;
   }
-  if (!run.empty()) AppendRun(window, name, end - static_cast<int>(run.size()), std::move(run), changes);
+  if (!run.empty()) AppendRun(window, name, end, std::move(run), changes);
   if (nothingSent && totalChanged) AppendRun(window, name, FFirst, json::array(), changes);
   AppendReveal(window, name, changes);
 }
 
-void TRowsView::AppendRun(int window, std::string_view name, int first, json::array items,
+void TRowsView::AppendRun(int window, std::string_view name, int end, json::array items,
                           json::array& changes) const {
+  const int first = end - static_cast<int>(items.size());
   changes.push_back(json::object{
       {"rows", window}, {"name", name}, {"total", FTotal}, {"first", first}, {"items", std::move(items)}});
 }

@@ -36,7 +36,8 @@ class TRowsView {
   void AppendChanges(int window, std::string_view name, boost::json::array& changes);
 
  private:
-  void AppendRun(int window, std::string_view name, int first, boost::json::array items,
+  /// Rows that end before the row `end`.
+  void AppendRun(int window, std::string_view name, int end, boost::json::array items,
                  boost::json::array& changes) const;
   void AppendReveal(int window, std::string_view name, boost::json::array& changes);
 
