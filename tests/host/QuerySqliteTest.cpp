@@ -107,6 +107,19 @@ TEST(DataUrl, AFolderInPlaceOfTheFileIsTold) {
               HasSubstr("is a folder, not a database"));
 }
 
+TEST(DataUrl, ManySessionsMayMakeTheDatabaseAtOnce) {
+  for (int round = 0; round < 10; ++round) {
+    const TTemporaryFolder folder;
+    const std::string url = "sqlite:" + (folder / "new").string();
+    std::vector<std::string> messages(4);
+    std::vector<std::thread> sessions;
+    for (std::string& message : messages)
+      sessions.emplace_back([&] { message = MessageOfOpening(url, TOpenMode::CreateIfMissing); });
+    for (std::thread& session : sessions) session.join();
+    EXPECT_THAT(messages, testing::Each("(opened)"));
+  }
+}
+
 TEST_F(SqliteDatabase, SpeaksSqlServer) {
   EXPECT_EQ(Database().Dialect(), zanrole::TDialect::SqlServer);
   EXPECT_EQ(Database().ServerType(), "mssql");

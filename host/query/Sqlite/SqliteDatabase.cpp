@@ -19,7 +19,7 @@ using zanrole::EDatabaseError;
 namespace {
 
 constexpr std::size_t kCachedStatements = 256;
-constexpr std::size_t kGreatestCachedText = 16 * 1024;
+constexpr std::size_t kGreatestCachedText = 16'384;
 
 std::string FileOfFolder(const std::string& folder) {
   return (std::filesystem::absolute(folder) / "zanrole.db").lexically_normal().string();
