@@ -17,7 +17,7 @@ namespace json = boost::json;
 
 namespace {
 
-constexpr std::uint64_t kLongestLogin = 16 * 1024;
+constexpr std::uint64_t kLongestForm = 16 * 1024;
 constexpr std::string_view kFilesPath = "/api/files/";
 
 std::string TextMember(const json::object& object, std::string_view name) {
@@ -102,10 +102,10 @@ TAdmission TApi::Admit(const TRequest& request) {
     admission.Refusal = WrongMethod("GET, HEAD");
   else if (isPost && !IsSameOrigin(request))
     admission.Refusal = ForeignOrigin();
-  else if (request.Path == "/api/login")
-    admission.BodyLimit = kLongestLogin;
   else if (request.Path == "/api/upload")
     admission.Refusal = RefuseUpload(request, admission);
+  else if (isPost)
+    admission.BodyLimit = kLongestForm;
   return admission;
 }
 

@@ -13,10 +13,13 @@ namespace {
 
 constexpr std::chrono::seconds kLongest{30};
 constexpr std::size_t kLongestRefusal = 4096;
+constexpr std::string_view kProgramName = "zanhost: ";
 
-std::string WithoutLineEnd(std::string text) {
-  while (!text.empty() && (text.back() == '\n' || text.back() == '\r')) text.pop_back();
-  return text;
+// The child's sentence without the program's name before it.
+std::string SentenceOf(std::string complaint) {
+  while (complaint.ends_with('\n')) complaint.pop_back();
+  if (complaint.starts_with(kProgramName)) complaint.erase(0, kProgramName.size());
+  return complaint;
 }
 
 }  // namespace
@@ -37,7 +40,7 @@ TTask<std::optional<std::string>> ChangePassword(asio::any_io_executor executor,
   co_await asio::async_read(child->Errors(), asio::dynamic_buffer(refusal, kLongestRefusal), kWithError);
   const int status = co_await child->Ended();
   if (status == 0) co_return std::nullopt;
-  refusal = WithoutLineEnd(std::move(refusal));
+  refusal = SentenceOf(std::move(refusal));
   co_return refusal.empty() ? "The password could not be stored: " + DescribeStatus(status) : refusal;
 }
 

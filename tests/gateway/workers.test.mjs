@@ -1,0 +1,159 @@
+import assert from 'node:assert/strict'
+import { after, before, describe, it } from 'node:test'
+import { Page } from './support/page.mjs'
+import { Data, Server, isRunning, until } from './support/server.mjs'
+
+describe('the worker of a session', () => {
+  let data
+  before(() => { data = new Data() })
+  after(() => data.remove())
+
+  async function withServer(args, use) {
+    const server = await Server.start(data, { args })
+    try {
+      await use(server)
+    } finally {
+      await server.stop()
+    }
+  }
+
+  async function openPage(server, login = 'admin') {
+    const cookie = await server.cookieOf(login)
+    const page = await Page.open(server, cookie)
+    const { pid } = await page.report()
+    return { cookie, page, pid }
+  }
+
+  it('ends only its own login when it is killed', () => withServer([], async (server) => {
+    const victim = await openPage(server)
+    const other = await openPage(server, data.user)
+    process.kill(victim.pid, 'SIGKILL')
+    assert.deepEqual(await victim.page.bye(), { bye: 'crashed' })
+    assert.equal((await server.get('/api/session', { cookie: victim.cookie })).status, 401)
+    assert.equal((await other.page.report()).pid, other.pid)
+    assert.match(data.log(), /operation="worker end" outcome="killed by signal 9 \(Killed\)"/)
+  }))
+
+  it('is killed when it is stuck, which the person is told', () => withServer(['--stuck', '1'], async (server) => {
+    const victim = await openPage(server)
+    const other = await openPage(server, data.user)
+    victim.page.tell({ do: 'hang' })
+    victim.page.tell({ do: 'set', value: 'x' })
+    assert.deepEqual(await victim.page.bye(), { bye: 'stuck' })
+    await until(() => !isRunning(victim.pid), 'the stuck worker was killed')
+    assert.equal((await other.page.report()).pid, other.pid, 'a worker that owes nothing is not stuck')
+  }))
+
+  it('ends when nobody was heard of for long, with or without a page', () => withServer(['--idle', '2'], async (server) => {
+    const watched = await openPage(server)
+    const left = await openPage(server, data.user)
+    await left.page.close()
+    assert.deepEqual(await watched.page.bye(), { bye: 'idle' })
+    await until(() => !isRunning(watched.pid) && !isRunning(left.pid), 'both workers ended')
+    assert.equal((await server.get('/api/session', { cookie: left.cookie })).status, 401)
+  }))
+
+  it('stays while a person is heard of', () => withServer(['--idle', '2'], async (server) => {
+    const { page, pid } = await openPage(server)
+    for (let i = 0; i < 7; i += 1) {
+      await new Promise((next) => setTimeout(next, 500))
+      await page.event({ do: 'set', value: String(i) })
+    }
+    assert.ok(isRunning(pid))
+  }))
+
+  it('is killed when it does not end in time', () => withServer(['--end-limit', '1'], async (server) => {
+    const { cookie, page, pid } = await openPage(server)
+    await page.event({ do: 'stubborn' })
+    await server.post('/api/logout', {}, { cookie })
+    await until(() => !isRunning(pid), 'the stubborn worker was killed')
+  }))
+
+  it('may complain: each line stands in the log, with the session', () => withServer([], async (server) => {
+    const { page } = await openPage(server)
+    await page.event({ do: 'complain', value: 'a word of the worker' })
+    await until(() => /operator="admin" operation="worker says" outcome="a word of the worker"/.test(data.log()), 'it was logged')
+    await page.event({ do: 'complain', value: 'y'.repeat(200000) })
+    await page.event({ do: 'set', value: 'still here' })
+  }))
+
+  it('may send a line that is none: it is dropped', () => withServer([], async (server) => {
+    const { page } = await openPage(server)
+    await page.event({ do: 'garbage' })
+    assert.match(data.log(), /operation="worker line" outcome="not a JSON object, dropped"/)
+  }))
+
+  it('says why when it cannot start', () => withServer(['--worker-program', '/does/not/exist'], async (server) => {
+    const cookie = await server.cookieOf('admin')
+    const page = await Page.open(server, cookie)
+    const bye = await page.bye()
+    assert.equal(bye.bye, 'crashed')
+    assert.equal(typeof bye.detail, 'string')
+    assert.equal((await server.get('/healthz')).status, 200)
+  }))
+
+  it('starts no more often than logins are allowed', () => withServer(['--max-sessions', '2'], async (server) => {
+    const first = await openPage(server)
+    await openPage(server)
+    const refused = await server.logIn('admin', 'Right-Password-1')
+    assert.equal(refused.status, 503)
+    await server.post('/api/logout', {}, { cookie: first.cookie })
+    await until(() => !isRunning(first.pid), 'the first ended')
+    await until(async () => (await server.logIn('admin', 'Right-Password-1')).status === 200, 'there was room again')
+  }))
+
+  it('inherits nothing of the gateway but its line', () => withServer([], async (server) => {
+    const { pid } = await openPage(server)
+    const { readdirSync, readlinkSync } = await import('node:fs')
+    const port = server.port.toString(16).toUpperCase().padStart(4, '0')
+    const { readFileSync } = await import('node:fs')
+    const inodes = readFileSync('/proc/net/tcp', 'utf8').split('\n').filter((line) => line.includes(`:${port} `))
+      .map((line) => `socket:[${line.trim().split(/\s+/)[9]}]`)
+    assert.ok(inodes.length > 0)
+    const held = readdirSync(`/proc/${pid}/fd`).map((fd) => readlinkSync(`/proc/${pid}/fd/${fd}`))
+    assert.deepEqual(held.filter((what) => inodes.includes(what)), [])
+  }))
+})
+
+describe('the end of the server', () => {
+  let data
+  before(() => { data = new Data() })
+  after(() => data.remove())
+
+  async function started() {
+    const server = await Server.start(data)
+    const pages = []
+    for (const login of ['admin', data.user]) {
+      const page = await Page.open(server, await server.cookieOf(login))
+      pages.push({ page, pid: (await page.report()).pid })
+    }
+    return { server, pages }
+  }
+
+  for (const signal of ['SIGTERM', 'SIGINT']) {
+    it(`by ${signal} closes every session and leaves no worker`, async () => {
+      const { server, pages } = await started()
+      assert.deepEqual(await server.stop(signal), { code: 0, signal: null })
+      for (const { page, pid } of pages) {
+        assert.deepEqual(await page.bye(), { bye: 'stopped' })
+        assert.ok(!isRunning(pid))
+      }
+      assert.match(data.log(), /operation="worker end" outcome="exit status 0"/)
+    })
+  }
+
+  it('kills a worker that does not end in time, and still ends in order', async () => {
+    const server = await Server.start(data, { args: ['--end-limit', '1'] })
+    const page = await Page.open(server, await server.cookieOf('admin'))
+    await page.event({ do: 'stubborn' })
+    const { pid } = await page.report()
+    assert.deepEqual(await server.stop(), { code: 0, signal: null })
+    assert.ok(!isRunning(pid))
+  })
+
+  it('by SIGKILL ends the workers, too', async () => {
+    const { server, pages } = await started()
+    await server.stop('SIGKILL')
+    for (const { pid } of pages) await until(() => !isRunning(pid), 'the worker ended')
+  })
+})
