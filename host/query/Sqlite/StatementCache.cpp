@@ -19,9 +19,4 @@ void TStatementCache::Add(std::string_view text, std::shared_ptr<TPreparedStatem
   FEntries.pop_back();
 }
 
-void TStatementCache::Clear() {
-  FIndex.clear();
-  FEntries.clear();
-}
-
 }  // namespace zanhost

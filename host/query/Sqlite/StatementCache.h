@@ -35,7 +35,6 @@ class TStatementCache {
   std::shared_ptr<TPreparedStatement> Find(std::string_view text);
   /// Does nothing for a text that is too long. REQUIRES: the text is not here.
   void Add(std::string_view text, std::shared_ptr<TPreparedStatement> statement);
-  void Clear();
 
  private:
   struct TEntry {
