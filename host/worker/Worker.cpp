@@ -70,6 +70,10 @@ std::optional<json::object> RunForScript(TConsoleSession& session, const TEvent&
 
 int RunWorker(const TSessionOptions& options) {
   TDescriptorChannel channel = StandardChannel();
+  return RunWorker(options, channel);
+}
+
+int RunWorker(const TSessionOptions& options, TLineChannel& channel) {
   std::optional<TBrowserSession> session;
   try {
     session.emplace(options, channel);
@@ -84,6 +88,10 @@ int RunWorker(const TSessionOptions& options) {
 
 int RunScript(const TSessionOptions& options) {
   TDescriptorChannel channel = StandardChannel();
+  return RunScript(options, channel);
+}
+
+int RunScript(const TSessionOptions& options, TLineChannel& channel) {
   TConsoleSession session(options, channel);
   session.Loop().OnCommand = [&](const TEvent& event) { return RunForScript(session, event); };
   session.Loop().Attach();
