@@ -36,7 +36,7 @@ TFormDomainEdit::TFormDomainEdit(TFormHost& host, int ownID, int parentID, std::
   EditRemark.MaxLength = kRemarkLength;
   EditUserLimit.MaxValue = kMaxUserLimit;
   EditRelateOrg.ReadOnly = true;
-  ActClearOrg.Icon = "clear";
+  ActClearOrg.Icon = "close";
   ActClearOrg.EnabledRule = [this] { return FRelateOrgID != 0; };
   ActClearOrg.OnExecute = [this] { SetRelateOrgID(0); };
   BitBtnOk.Default = true;

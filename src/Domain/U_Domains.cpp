@@ -88,6 +88,8 @@ void TFormDomains::ConnectLists() {
   ActManagerRefresh.EnabledRule = [this] { return DomainTree.Selected() != nullptr; };
   ActManagerRefresh.OnExecute = [this] { RefreshDomainAdmin(FListedDomain, /*force*/ true); };
   ActAdminRefresh.OnExecute = [this] { RefreshAdministrators(/*force*/ true); };
+  FManagerList.Icon = "manager";
+  FAdminList.Icon = "user";
   FManagerList.Filter = [this](int row) {
     constexpr int kDomainID = 0;
     return ValueAsInteger(cdsManagerCache.At(row, kDomainID)) == FListedDomain;
@@ -122,7 +124,10 @@ void TFormDomains::SetTitle(TBaseFunc& func) {
   Caption = FTitle.Text();
 }
 
-void TFormDomains::DoShow() { Refresh(); }
+void TFormDomains::DoShow() {
+  FocusRequest = &DomainTree;
+  Refresh();
+}
 
 bool TFormDomains::IsManagerNewAllowed() const {
   const TTreeNode* const node = DomainTree.Selected();

@@ -59,7 +59,10 @@ class TFormDomains final : public TBaseSubForm {
   void Refresh();
   void FetchOwnedDomains();
   void RefreshDomainsTree();
+  /// Below its parent's node; below `root` when it is a top-level domain.
   void AddDomainNode(TTreeNode* root, TDomainRecord domain);
+  /// Adds node and record.
+  TTreeNode* ShowDomain(TTreeNode* parentNode, TDomainRecord domain);
   void DomainTreeChange();
   /// Null when nothing, or the root node, is selected.
   TDomainRecord* SelectedDomain();

@@ -67,6 +67,7 @@ void TFormDomains::RefreshDomainsTree() {
   CdsDomains.Clear();
   DomainTree.Clear();
   TTreeNode* const root = seesAll ? DomainTree.Add(nullptr, ResString("域"), kNoDomain) : nullptr;
+  if (root != nullptr) root->Icon = "root";
   for (; !FQuery->Eof(); FQuery->Next()) AddDomainNode(root, ReadDomain(*FQuery));
   if (DomainTree.Roots().empty()) {
     DomainTreeChange();
@@ -83,8 +84,15 @@ void TFormDomains::AddDomainNode(TTreeNode* root, TDomainRecord domain) {
     const TDomainRecord* const parent = CdsDomains.Find(domain.ParentID);
     parentNode = parent != nullptr ? parent->NodeHandle : nullptr;
   }
-  domain.NodeHandle = DomainTree.Add(parentNode, NodeText(domain), domain.ID);
+  ShowDomain(parentNode, std::move(domain));
+}
+
+TTreeNode* TFormDomains::ShowDomain(TTreeNode* parentNode, TDomainRecord domain) {
+  TTreeNode* const node = DomainTree.Add(parentNode, NodeText(domain), domain.ID);
+  node->Icon = "domain";
+  domain.NodeHandle = node;
   CdsDomains.Put(std::move(domain));
+  return node;
 }
 
 TDomainRecord* TFormDomains::SelectedDomain() {
@@ -133,10 +141,7 @@ void TFormDomains::NewDomain() {
     return;
   }
   InsertMembership(domain);
-  TTreeNode* const node = DomainTree.Add(parentNode, NodeText(domain), domain.ID);
-  domain.NodeHandle = node;
-  CdsDomains.Put(std::move(domain));
-  DomainTree.Select(node);
+  DomainTree.Select(ShowDomain(parentNode, std::move(domain)));
 }
 
 TDomainRecord TFormDomains::PlaceBelow(int parentID, const TDomainFields& fields) {

@@ -239,6 +239,20 @@ TEST_F(TDomainsConsoleTest, ADoubleClickOpensTheDomainAndExitClosesTheConsole) {
   EXPECT_THAT(Tree(*console), ElementsAre("域", "  A (01)"));
 }
 
+TEST_F(TDomainsConsoleTest, AnotherLanguageReachesTheConsoleAndTheOpenDialogAndKeepsWhatWasTyped) {
+  const auto console = OpenAs("sa");
+  console->Act(kConsole, "ActDomainNew");
+  console->Set(kDialog, "EditName", "总部");
+  console->Language("en");
+  EXPECT_EQ(console->Property(kConsole, "ActDomainNew", "caption"), "New");
+  EXPECT_THAT(Tree(*console), ElementsAre("Domain"));
+  EXPECT_EQ(console->Property(kDialog, "LabelTitle", "text"), "Creates a new domain.");
+  EXPECT_EQ(console->Property(kDialog, "LabelDomain", "text"), "Parent domain: \\");
+  console->Set(kDialog, "EditCode", "01");
+  console->Act(kDialog, "BitBtnOk");
+  EXPECT_THAT(Column("select Name from STDomains"), ElementsAre("总部"));
+}
+
 TEST_F(TDomainsConsoleTest, StyleThreeOpensTheConsoleModallyWithItsDialogsAboveIt) {
   TConsoleDriver console(FUrl, "sa");
   console.Menu("域管理", 3);

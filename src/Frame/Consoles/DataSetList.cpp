@@ -32,6 +32,7 @@ TListRow TDataSetList::ShownRow(int index) const {
   const int row = FShown[static_cast<std::size_t>(index)];
   TListRow shown;
   shown.Id = KeyOf(row);
+  shown.Icon = Icon;
   for (std::size_t column = 0; column < FColumns.size(); ++column)
     shown.Cells.push_back(FColumns[column].Text(FRows.At(row, FFieldOfColumn[column])));
   return shown;

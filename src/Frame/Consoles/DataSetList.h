@@ -41,6 +41,8 @@ class TDataSetList {
 
   /// Row of the working copy -> is it shown? Without it all are. Takes effect with the next Refresh.
   std::function<bool(int row)> Filter;
+  /// Name of the icon of every row; may be empty.
+  std::string Icon;
 
  private:
   int FieldIndex(std::string_view name) const;
