@@ -2,7 +2,7 @@
 
 #include <fmt/format.h>
 
-#include "host/query/DataUrl.h"
+#include "host/platform/InstalledData.h"
 
 namespace zanhost {
 
@@ -11,7 +11,7 @@ namespace {
 constexpr std::string_view kFolderScheme = "sqlite:";
 
 std::unique_ptr<TDatabase> Open(const std::string& dataUrl, TTrace* trace) {
-  std::unique_ptr<TDatabase> database = OpenDatabase(dataUrl, TOpenMode::MustExist);
+  std::unique_ptr<TDatabase> database = OpenInstalledData(dataUrl);
   if (trace != nullptr) database->SetTrace(trace);
   return database;
 }
