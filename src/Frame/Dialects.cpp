@@ -74,24 +74,15 @@ void RunBatch(TZANQuery& query, const TStringList& statements) {
   if (statements.Count() > 0) ExecStatement(query, WrapBatch(statements));
 }
 
-namespace {
-
-/// As one line of the list: a line break inside a value stays the one that was entered.
-void SetStatement(TZANQuery& query, std::string_view statement) {
-  query.Close();
-  query.SQL().Clear();
-  query.SQL().Add(std::string(statement));
-}
-
-}  // namespace
-
 void ExecStatement(TZANQuery& query, std::string_view statement) {
-  SetStatement(query, statement);
+  query.Close();
+  query.SQL().SetText(statement);
   query.ExecSQL();
 }
 
 void OpenStatement(TZANQuery& query, std::string_view statement) {
-  SetStatement(query, statement);
+  query.Close();
+  query.SQL().SetText(statement);
   query.Open();
 }
 
