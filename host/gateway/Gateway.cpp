@@ -5,10 +5,8 @@
 #include <boost/asio/io_context.hpp>
 #include <boost/asio/signal_set.hpp>
 #include <csignal>
-#include <cstdlib>
 #include <exception>
 #include <iostream>
-#include <system_error>
 #include <utility>
 
 #include "host/gateway/Api.h"
@@ -17,6 +15,7 @@
 #include "host/gateway/Login.h"
 #include "host/gateway/Sessions.h"
 #include "host/gateway/StaticFiles.h"
+#include "host/gateway/TemporaryFolder.h"
 #include "host/platform/Log.h"
 
 namespace zanhost {
@@ -27,29 +26,6 @@ namespace {
 
 // After the last worker: time for the last lines to reach the pages.
 constexpr std::chrono::milliseconds kFarewell{200};
-
-// A folder that only this user can enter, removed at the end.
-class TTemporaryFolder {
- public:
-  TTemporaryFolder() {
-    std::string pattern = (std::filesystem::temp_directory_path() / "zanrole-XXXXXX").string();
-    if (::mkdtemp(pattern.data()) == nullptr)
-      throw std::system_error(errno, std::generic_category(),
-                              "No folder for the sessions' files can be made");
-    FPath = pattern;
-  }
-  ~TTemporaryFolder() {
-    std::error_code leftBehind;
-    std::filesystem::remove_all(FPath, leftBehind);
-  }
-  TTemporaryFolder(const TTemporaryFolder&) = delete;
-  TTemporaryFolder& operator=(const TTemporaryFolder&) = delete;
-
-  const std::filesystem::path& Path() const { return FPath; }
-
- private:
-  std::filesystem::path FPath;
-};
 
 TConnectionRules ConnectionRules(const TServeOptions& options) {
   return {ReadTlsFiles(options), ProxyAddress(options)};

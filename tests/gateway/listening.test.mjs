@@ -134,9 +134,8 @@ describe('a proxy that is named', () => {
     const own = Object.values(networkInterfaces()).flat().find((entry) => !entry.internal && entry.family === 'IPv4')
     if (!own) return context.skip('this machine has no address off loopback')
     const server = await Server.start(data, { args: ['--listen', '0.0.0.0:0', '--behind-proxy', '203.0.113.1'] })
-    const { createConnection } = net
     const answer = await new Promise((done, failed) => {
-      const socket = createConnection({ host: own.address, port: server.port }, () =>
+      const socket = net.connect({ host: own.address, port: server.port }, () =>
         socket.write(`GET /healthz HTTP/1.1\r\nhost: a\r\nconnection: close\r\n\r\n`))
       let text = ''
       socket.on('data', (part) => { text += part })

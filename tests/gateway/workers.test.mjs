@@ -1,4 +1,6 @@
 import assert from 'node:assert/strict'
+import { existsSync, readFileSync, readdirSync, readlinkSync, utimesSync } from 'node:fs'
+import { dirname } from 'node:path'
 import { after, before, describe, it } from 'node:test'
 import { Page } from './support/page.mjs'
 import { Data, Server, isRunning, until } from './support/server.mjs'
@@ -104,9 +106,7 @@ describe('the worker of a session', () => {
 
   it('inherits nothing of the gateway but its line', () => withServer([], async (server) => {
     const { pid } = await openPage(server)
-    const { readdirSync, readlinkSync } = await import('node:fs')
     const port = server.port.toString(16).toUpperCase().padStart(4, '0')
-    const { readFileSync } = await import('node:fs')
     const inodes = readFileSync('/proc/net/tcp', 'utf8').split('\n').filter((line) => line.includes(`:${port} `))
       .map((line) => `socket:[${line.trim().split(/\s+/)[9]}]`)
     assert.ok(inodes.length > 0)
@@ -155,5 +155,24 @@ describe('the end of the server', () => {
     const { server, pages } = await started()
     await server.stop('SIGKILL')
     for (const { pid } of pages) await until(() => !isRunning(pid), 'the worker ended')
+  })
+
+  it('leaves no files: those of a killed server are removed by the next', async () => {
+    const folderOf = (report) => dirname(report.args[report.args.indexOf('--files') + 1])
+    const killed = await Server.start(data)
+    const page = await Page.open(killed, await killed.cookieOf('admin'))
+    const left = folderOf(await page.report())
+    await killed.stop('SIGKILL')
+    const living = await Server.start(data)
+    const other = await Page.open(living, await living.cookieOf('admin'))
+    const used = folderOf(await other.report())
+    assert.ok(existsSync(left) && existsSync(used))
+    for (const folder of [left, used]) utimesSync(folder, new Date(), new Date(Date.now() - 120000))
+    const next = await Server.start(data)
+    assert.ok(!existsSync(left))
+    assert.ok(existsSync(used), 'a living server keeps its own')
+    await next.stop()
+    await living.stop()
+    assert.ok(!existsSync(used))
   })
 })
