@@ -36,4 +36,10 @@ void TRowWriter::Add(std::initializer_list<zanrole::TZanValue> values) {
   FQuery->ExecSQL();
 }
 
+void WritePairs(TDatabase& database, std::string_view table, std::string_view first, std::string_view second,
+                const std::vector<std::pair<int, int>>& pairs) {
+  TRowWriter rows(database, table, {first, second});
+  for (const auto& [left, right] : pairs) rows.Add({left, right});
+}
+
 }  // namespace zanhost

@@ -3,6 +3,8 @@
 #include <initializer_list>
 #include <memory>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "host/query/Database.h"
 
@@ -19,5 +21,12 @@ class TRowWriter {
  private:
   std::unique_ptr<zanrole::TZANQuery> FQuery;
 };
+
+/// A truth as the tables store it, 1 or 0.
+inline zanrole::TZanValue Flag(bool truth) { return truth ? 1 : 0; }
+
+/// Rows of a table of two numbers. Raises EDatabaseError.
+void WritePairs(TDatabase& database, std::string_view table, std::string_view first, std::string_view second,
+                const std::vector<std::pair<int, int>>& pairs);
 
 }  // namespace zanhost

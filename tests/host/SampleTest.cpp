@@ -4,6 +4,10 @@
 
 #include <fmt/format.h>
 
+#include <map>
+#include <memory>
+#include <span>
+
 #include "host/platform/Cipher.h"
 #include "host/platform/Numbering.h"
 #include "host/platform/Schema.h"
