@@ -53,6 +53,7 @@ async function answer(state, folder, request, reply) {
     'POST /api/login': () => login(state, request, reply),
     'GET /api/session': () => (state.info ? json(reply, 200, state.info) : problem(reply, 401)),
     'POST /api/logout': () => { bye(state, 'ended'); state.info = undefined; reply.writeHead(204).end() },
+    'POST /api/upload': () => upload(state, address, request, reply),
     'GET /api/files/users.xml': () => reply.writeHead(200, { 'Content-Type': 'application/octet-stream' }).end('<users/>'),
     // The rest is for tests: what a server does when things go wrong.
     'POST /mock/bye': () => { bye(state, address.searchParams.get('reason')); reply.writeHead(204).end() },
@@ -80,6 +81,12 @@ async function login(state, request, reply) {
   if (state.info?.login !== given.login) state.session = undefined
   state.info = { login: given.login, name: '系统管理员', language: given.language }
   return json(reply, 200, state.info, { 'Set-Cookie': COOKIE })
+}
+
+async function upload(state, address, request, reply) {
+  for await (const chunk of request) void chunk
+  reply.writeHead(204).end()
+  state.session?.windows.get(Number(address.searchParams.get('window')))?.close(address.searchParams.get('name'))
 }
 
 function json(reply, status, body, headers = {}, after = () => undefined) {

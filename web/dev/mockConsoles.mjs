@@ -219,6 +219,7 @@ function openKinds(session, text) {
   window.add('action', 'ActSlow', 'Bar', { caption: '慢操作', icon: 'refresh', onExecute: () => { session.delay = 1500; setTimeout(() => { session.delay = 0 }, 100) } })
   window.add('action', 'ActFile', 'Bar', { caption: '导出', icon: 'export', onExecute: () => session.send({ seq: ++session.seq, ack: session.ack, changes: [{ file: 'users.xml' }] }) })
   window.add('action', 'ActProgress', 'Bar', { caption: '进度', icon: 'settings', onExecute: () => showProgress(session) })
+  window.add('action', 'ActImport', 'Bar', { caption: '导入', icon: 'import', onExecute: () => openFile(session, window) })
   window.add('edit', 'EditFind', 'Bar', { caption: '查找：', value: '', onExecute: () => window.focus('ListMany') })
   window.add('tabs', 'Pages', null, { value: 'TabMany' })
   addMany(window)
@@ -287,6 +288,18 @@ function addCells(window) {
 function addStrange(window) {
   window.add('tab', 'TabStrange', 'Pages', { caption: '未知' })
   window.add('hologram', 'Strange', 'TabStrange', { caption: '全息' })
+}
+
+/** The upload answers the dialog, as the session does when the file has come. */
+async function openFile(session, console) {
+  const window = session.open('TOpenDialog', '打开', { modal: true })
+  window.add('edit', 'FileName', null, { caption: '文件名：', value: '' })
+  window.add('group', 'Buttons', null, { role: 'buttons' })
+  window.add('action', 'Ok', 'Buttons', { caption: '确定', default: true, onExecute: () => window.close('Ok') })
+  window.add('action', 'Cancel', 'Buttons', { caption: '取消', cancel: true, onExecute: () => window.close('Cancel') })
+  const name = await session.showModal(window)
+  console.part('EditFind').value = name
+  session.flush()
 }
 
 function showProgress(session) {

@@ -80,3 +80,21 @@ test('a file that was made is downloaded', async ({ page, address }) => {
   await page.getByRole('button', { name: '导出' }).click()
   expect((await download).suggestedFilename()).toBe('users.xml')
 })
+
+test('a file is chosen and sent, which ends the dialog', async ({ page, address }) => {
+  await logIn(page, address)
+  await openKinds(page)
+  await page.getByRole('button', { name: '导入' }).click()
+  await expectAccessible(page)
+  await page.getByLabel('选择文件').setInputFiles({ name: 'import.xml', mimeType: 'text/xml', buffer: Buffer.from('<users/>') })
+  await expect(page.getByRole('dialog')).toBeHidden()
+  await expect(page.getByText('查找：import.xml')).toBeVisible()
+})
+
+test('progress is drawn while an operation runs', async ({ page, address }) => {
+  await logIn(page, address)
+  await openKinds(page)
+  await page.getByRole('button', { name: '进度' }).click()
+  await expect(page.getByRole('dialog').getByRole('progressbar')).toBeVisible()
+  await expect(page.getByRole('dialog')).toBeHidden()
+})

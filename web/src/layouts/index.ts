@@ -1,4 +1,5 @@
 import { registerLayout } from './registry'
+import './TFormDomains'
 import TMessage from './TMessage.vue'
 import TOpenDialog from './TOpenDialog.vue'
 

@@ -36,7 +36,7 @@ const paths: Record<string, string> = {
   group: 'M7.5 5a2.6 2.6 0 1 1 0 5.2A2.6 2.6 0 0 1 7.5 5zM3 16c0-2.6 1.8-4.2 4.5-4.2S12 13.4 12 16M12.5 5.2a2.4 2.4 0 0 1 .5 4.7M14 12c1.8.4 3 1.8 3 4',
   folder: 'M3.5 15V5.5h4.2l1.6 1.8h7.2V15z',
   function: 'M4 4.5h12v11H4zM4 7.8h12M6.8 10.7l1.8 1.3-1.8 1.3M10.5 13.3h2.7',
-  menu: 'M4 5.5h12M4 10h12M4 14.5h12',
+  menu: 'M4 4.5h12v11H4zM4 7.8h12',
   document: 'M5 3.5h6.5L15 7v9.5H5zM11.5 3.5V7H15M7.5 10h5M7.5 13h5',
   query: 'M4 4.5h12v11H4zM4 8h12M8 8v7.5',
   split: 'M3.5 4.5h13v11h-13zM10 4.5v11',
