@@ -1,6 +1,7 @@
 #include "host/worker/Rows.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace zanhost {
 
@@ -35,20 +36,23 @@ void TRowsView::AppendChanges(int window, std::string_view name, json::array& ch
   std::erase_if(FSent, [&](const auto& sent) { return sent.first >= total; });
   json::array run;
   bool nothingSent = true;
+  const auto sendRun = [&](int behind) {
+    if (run.empty()) return;
+    AppendRun(window, name, behind, std::exchange(run, {}), changes);
+    nothingSent = false;
+  };
   const int end = std::min(FLast, total - 1) + 1;
   for (int index = FFirst; index < end; ++index) {
     json::object row = FSource->Row(index);
     const auto sent = FSent.find(index);
     if (sent != FSent.end() && sent->second == row) {
-      if (!run.empty()) AppendRun(window, name, index, std::move(run), changes);
-      run = json::array();
-      continue;
+      sendRun(index);
+    } else {
+      FSent.insert_or_assign(index, row);
+      run.push_back(std::move(row));
     }
-    FSent.insert_or_assign(index, row);
-    run.push_back(std::move(row));
-    nothingSent = false;
   }
-  if (!run.empty()) AppendRun(window, name, end, std::move(run), changes);
+  sendRun(end);
   if (nothingSent && totalChanged) AppendRun(window, name, FFirst, json::array(), changes);
   AppendReveal(window, name, changes);
 }
