@@ -93,7 +93,7 @@ std::string DecodeForeign(std::string_view text) {
 std::string RandomKeyText() {
   std::string key(TSivCipher::kKeySize, '\0');
   Require(RAND_priv_bytes(Bytes(key), Length(key)) == 1);
-  const std::string text = EncodeBase64(key) + "\n";
+  std::string text = EncodeBase64(key) + "\n";
   OPENSSL_cleanse(key.data(), key.size());
   return text;
 }
