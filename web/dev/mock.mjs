@@ -59,6 +59,7 @@ async function answer(state, folder, request, reply) {
     'POST /mock/bye': () => { bye(state, address.searchParams.get('reason')); reply.writeHead(204).end() },
     'POST /mock/drop': () => { state.line?.terminate(); reply.writeHead(204).end() },
     'POST /mock/refuse': () => { state.refuseLines = address.searchParams.get('on') === 'true'; reply.writeHead(204).end() },
+    'POST /mock/delay': () => { state.session.delay = Number(address.searchParams.get('ms')); reply.writeHead(204).end() },
     'GET /mock/events': () => json(reply, 200, state.session?.events ?? []),
     'POST /mock/reset': () => { Object.assign(state, { info: undefined, session: undefined, tries: 0, refuseLines: false }); reply.writeHead(204).end() },
   }

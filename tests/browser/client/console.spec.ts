@@ -157,3 +157,13 @@ test('cells are edited, picked and filled by a button', async ({ page, address }
   await grid.getByRole('button', { name: '选择…' }).click()
   await expect(grid.getByRole('row', { name: /部门 人事部/ })).toBeVisible()
 })
+
+test('a shortcut pressed before the session has answered is not lost', async ({ page, address, request }) => {
+  await logIn(page, address)
+  await openDomains(page)
+  await expect(page.getByRole('button', { name: '修改' })).toBeDisabled()
+  await request.post(`${address}/mock/delay?ms=400`)
+  await page.keyboard.press('ArrowDown')
+  await page.keyboard.press('F2')
+  await expect(page.getByLabel('名称')).toHaveValue('华东总部')
+})

@@ -17,9 +17,10 @@ function usesEnter(element: HTMLElement): boolean {
 
 /** Runs the actions of the window that keys go to: shortcuts, Enter for the default one, Escape for cancel. */
 export function useShortcuts(session: Session, target: () => WindowState | undefined, frameOf: (window: WindowState) => HTMLElement | null): void {
+  /** While the session has not answered yet, what may run is not known here: it decides, and no key is lost. */
   function run(action: ComponentState, window: WindowState, event: KeyboardEvent): void {
     event.preventDefault()
-    if (usable(window, action)) session.act(window.handle, action.name)
+    if (usable(window, action) || !session.settled) session.act(window.handle, action.name)
   }
 
   function escape(window: WindowState, event: KeyboardEvent): void {
