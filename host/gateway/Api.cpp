@@ -17,7 +17,7 @@ namespace json = boost::json;
 
 namespace {
 
-constexpr std::uint64_t kLongestForm = 16 * 1024;
+constexpr std::uint64_t kLongestForm = 16UL * 1024;
 constexpr std::string_view kFilesPath = "/api/files/";
 
 std::string TextMember(const json::object& object, std::string_view name) {

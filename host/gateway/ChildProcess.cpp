@@ -62,6 +62,7 @@ pid_t Start(const TCommand& command, const TSpawnActions& actions) {
   std::vector<std::string> words{command.Program.string()};
   words.insert(words.end(), command.Arguments.begin(), command.Arguments.end());
   std::vector<char*> arguments;
+  arguments.reserve(words.size() + 1);
   for (std::string& word : words) arguments.push_back(word.data());
   arguments.push_back(nullptr);
   const TSpawnAttributes attributes;

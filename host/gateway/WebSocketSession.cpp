@@ -12,9 +12,9 @@ namespace websocket = beast::websocket;
 
 namespace {
 
-constexpr std::size_t kLongestMessage = 256 * 1024;
+constexpr std::size_t kLongestMessage = 256UL * 1024;
 // A page that is this far behind gets a snapshot instead of what it missed.
-constexpr std::size_t kMostQueued = 4 * 1024 * 1024;
+constexpr std::size_t kMostQueued = 4UL * 1024 * 1024;
 constexpr std::chrono::seconds kSilence{30};
 constexpr std::chrono::seconds kHandshakeTime{10};
 

@@ -10,9 +10,9 @@ namespace zanhost {
 
 namespace {
 
-constexpr std::size_t kLongestLine = 64 * 1024 * 1024;
-constexpr std::size_t kLongestComplaint = 64 * 1024;
-constexpr std::size_t kMuchQueued = 1024 * 1024;
+constexpr std::size_t kLongestLine = 64UL * 1024 * 1024;
+constexpr std::size_t kLongestComplaint = 64UL * 1024;
+constexpr std::size_t kMuchQueued = 1024UL * 1024;
 
 std::string TakeLine(std::string& buffer, std::size_t size) {
   std::string line = buffer.substr(0, size - 1);
