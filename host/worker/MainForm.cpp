@@ -56,7 +56,7 @@ void TMainForm::InitLngResources() {
     const auto& nodes = *levels.back();
     levels.pop_back();
     for (const auto& node : nodes) {
-      node->Text = texts.resS(FEntries[static_cast<std::size_t>(node->Data)]->Caption);
+      node->Text = texts.res(FEntries[static_cast<std::size_t>(node->Data)]->Caption, "Menu");
       levels.push_back(&node->Children());
     }
   }

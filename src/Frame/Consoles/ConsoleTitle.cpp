@@ -12,7 +12,8 @@ void TConsoleTitle::Take(TBaseFunc& func) {
 }
 
 std::string TConsoleTitle::Text() const {
-  return FMenuCaption.empty() ? TZanResEx::resByExFunc(FFuncName) : FMenuCaption;
+  return FMenuCaption.empty() ? TZanResEx::resByExFunc(FFuncName)
+                              : TZanResEx::resByExFunc(FMenuCaption, "Menu");
 }
 
 }  // namespace zanrole

@@ -6,8 +6,8 @@
 
 namespace zanrole {
 
-/// The title of a console: the caption of the menu entry that opened it, or else the name of its function in
-/// the language of the session.
+/// The title of a console in the language of the session: the caption of the menu entry that opened it, or
+/// else the name of its function.
 class TConsoleTitle {
  public:
   void Take(TBaseFunc& func);
