@@ -2,7 +2,7 @@
 
 PACKAGES_build="g++ cmake ninja-build ccache gettext libboost1.81-dev libboost-json1.81-dev libboost-locale1.81-dev
   libsqlite3-dev libssl-dev libspdlog-dev libfmt-dev libcli11-dev"
-PACKAGES_test="libgtest-dev libgmock-dev clang-format clang-tidy chromium fonts-noto-cjk binutils"
+PACKAGES_test="libgtest-dev libgmock-dev clang-format clang-tidy chromium fonts-noto-cjk binutils sqlite3 openssl"
 PACKAGES_bench="libbenchmark-dev"
 
 is_installed() { [ "$(dpkg-query -W -f='${db:Status-Status}' "$1" 2>/dev/null)" = installed ]; }
