@@ -17,7 +17,7 @@ namespace json = boost::json;
 namespace {
 
 /// Longest line that a session takes, in bytes.
-constexpr std::size_t kLongestLine = 1024 * 1024;
+constexpr std::size_t kLongestLine = std::size_t{1024} * 1024;
 
 /// A channel over standard input and output. A reader that has gone is found out at the next reading, not by
 /// a signal in the middle of an operation.
