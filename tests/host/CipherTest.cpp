@@ -26,8 +26,8 @@ TSivCipher::TKey KeyOf(unsigned char first) {
 
 TEST(Cipher, GivesTheTextBack) {
   TSivCipher cipher(KeyOf(1));
-  for (const std::string text : {"", "a", "admin:秘密 'x' \\ \U0001F511", std::string(5000, 'p').c_str()})
-    EXPECT_EQ(cipher.Decrypt(cipher.Encrypt(text)), text);
+  const std::vector<std::string> texts{"", "a", "admin:秘密 'x' \\ \U0001F511", std::string(5000, 'p')};
+  for (const std::string& text : texts) EXPECT_EQ(cipher.Decrypt(cipher.Encrypt(text)), text);
 }
 
 TEST(Cipher, KeepsZeroBytes) {

@@ -84,11 +84,22 @@ void TSqliteConnection::Configure() {
   sqlite3_db_config(Handle(), SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
   sqlite3_db_config(Handle(), SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
   Check(RegisterFunctions(Handle()));
-  if (sqlite3_db_readonly(Handle(), "main") == 0) Exec("pragma journal_mode = wal");
+  if (sqlite3_db_readonly(Handle(), "main") == 0) SwitchToWriteAheadLog();
   // What is acknowledged survives a loss of power.
   Exec("pragma synchronous = full");
   // Patterns compare exactly, as = does.
   Exec("pragma case_sensitive_like = on");
+}
+
+void TSqliteConnection::SwitchToWriteAheadLog() {
+  // Where two sessions switch a new file at once SQLite tells one of them at once that it is busy, without
+  // asking the busy handler, so the waiting is done here.
+  int code = SQLITE_OK;
+  int tries = 0;
+  do {
+    code = sqlite3_exec(Handle(), "pragma journal_mode = wal", nullptr, nullptr, nullptr);
+  } while ((code & 0xff) == SQLITE_BUSY && KeepWaiting(tries++));
+  Check(code);
 }
 
 void TSqliteConnection::BeginStatement(std::chrono::milliseconds limit) {

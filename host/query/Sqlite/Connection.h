@@ -54,6 +54,7 @@ class TSqliteConnection {
  private:
   void Open(TOpenMode mode);
   void Configure();
+  void SwitchToWriteAheadLog();
   bool KeepWaiting(int tries);
   bool KeepRunning();
   TFaultContext Context() const;
