@@ -31,7 +31,7 @@ step() {
   fi
   printf 'failed\n'
   tail -n 60 "$log" >&2
-  complain "$name failed; the end of what it said stands above, all of it in $log." "${HINT:-}"
+  complain "$name failed; the end of what it said stands above, all of it in $log."
   exit 1
 }
 
