@@ -28,7 +28,7 @@ std::string SelectMember(int id);
 std::string SelectLastSequence(int parentID);
 std::string SelectSequence(int id);
 std::string SelectPaths(int id);
-/// `ID` and `ParentCode` of the domain with this path.
+/// `ID` and `ParentCode` of the domains with this path.
 std::string SelectByFullName(std::string_view fullName);
 /// `ID`, `ParentName` and `FullName` of the domain and all below it as their names now make them; each
 /// FullName with a backslash behind it.

@@ -89,6 +89,8 @@ class TFormDomains final : public TBaseSubForm {
   TDomainRecord PlaceBelow(int parentID, const TDomainFields& fields);
   /// False when the row cannot be found again. Sets the id and what is made of it.
   bool Insert(TDomainRecord& domain);
+  /// The id of the newest row with the domain's path and parent; kNoDomain when there is none.
+  int FindNewest(const TDomainRecord& domain);
   void InsertMembership(const TDomainRecord& domain);
   bool IsDomainEmpty(int domainID);
   /// Nothing when the row has gone.

@@ -1,5 +1,7 @@
 // The tree of the console of the domain tree: reading it, and what is done to the selected domain.
 
+#include <algorithm>
+
 #include "Domain/DomainStatements.h"
 #include "Domain/U_DomainFuncsImp.h"
 #include "Domain/U_Domains.h"
@@ -165,12 +167,20 @@ TDomainRecord TFormDomains::PlaceBelow(int parentID, const TDomainFields& fields
 
 bool TFormDomains::Insert(TDomainRecord& domain) {
   ExecStatement(*FQuery, InsertDomain(domain));
-  OpenStatement(*FQuery, SelectByFullName(domain.FullName));
-  if (FQuery->Eof()) return false;
-  domain.ID = FQuery->FieldByName("ID").AsInteger();
-  domain.ParentCode = FQuery->FieldByName("ParentCode").AsString();
+  domain.ID = FindNewest(domain);
   domain.FullCode = domain.ParentCode + std::to_string(domain.ID) + "\\";
-  return true;
+  return domain.ID != kNoDomain;
+}
+
+int TFormDomains::FindNewest(const TDomainRecord& domain) {
+  OpenStatement(*FQuery, SelectByFullName(domain.FullName));
+  int newest = kNoDomain;
+  for (; !FQuery->Eof(); FQuery->Next()) {
+    // A name may hold backslashes, so that domains of different parents can have one path.
+    if (FQuery->FieldByName("ParentCode").AsString() == domain.ParentCode)
+      newest = std::max(newest, FQuery->FieldByName("ID").AsInteger());
+  }
+  return newest;
 }
 
 void TFormDomains::InsertMembership(const TDomainRecord& domain) {

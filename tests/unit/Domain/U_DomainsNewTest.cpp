@@ -137,6 +137,28 @@ TEST_F(TDomainsTest, ARowThatCannotBeFoundAgainIsReported) {
   EXPECT_EQ(console.DomainTree.Selected(), &Node(5));
 }
 
+TEST_F(TDomainsTest, OfSeveralRowsWithTheNewPathTheNewestBelowTheSameParentIsTheNewDomain) {
+  TFormDomains& console = OpenCompany();
+  Select(5);
+  FHost.Answer("max(Sequence)", {"Sequence"}, {{1}});
+  FHost.Answer("select FullName, FullCode, NodeLevel", {"FullName", "FullCode", "NodeLevel"},
+               {{"\\A\\B", "\\3\\5\\", 1}});
+  FHost.Answer("select ID, ParentCode", {"ID", "ParentCode"},
+               {{7, "\\"}, {10, "\\3\\5\\"}, {8, "\\3\\5\\"}, {11, "\\3\\"}});
+  WhenAsked("N", "n");
+  Press(console.ActDomainNew);
+  EXPECT_EQ(console.DomainTree.Selected(), &Node(10));
+}
+
+TEST_F(TDomainsTest, ARowOfAnotherParentWithTheSamePathIsNotTakenForTheNewDomain) {
+  TFormDomains& console = OpenCompany();
+  AnswerNewDomain(0, nullptr, 7, "\\3\\");
+  WhenAsked("A\\B", "n");
+  const auto texts = StatementsOf([&] { Press(console.ActDomainNew); });
+  EXPECT_THAT(FHost.MessageTexts(), ElementsAre("新建失败!"));
+  EXPECT_THAT(texts.back(), StartsWith("select ID, ParentCode from STDomains"));
+}
+
 TEST_F(TDomainsTest, CancellingTheDialogWritesNothing) {
   TFormDomains& console = OpenCompany();
   FHost.WhenModal([](TForm& form) {
