@@ -26,13 +26,20 @@ int NumberValue(const TEvent& event, int least, int most) {
   return static_cast<int>(*number);
 }
 
-/// The first `most` characters; all of them when `most` is 0.
+/// Units of UTF-16 that a character takes, by the first byte of it; none for a byte inside a character.
+int Utf16Units(char byte) {
+  const auto bits = static_cast<unsigned char>(byte);
+  if ((bits & 0xC0U) == 0x80U) return 0;
+  return bits >= 0xF0U ? 2 : 1;
+}
+
+/// As many whole characters as `most` units of UTF-16 hold; the whole text when `most` is 0.
 std::string FirstCharacters(const std::string& text, int most) {
   if (most <= 0) return text;
   std::size_t end = 0;
-  for (int count = 0; end < text.size(); ++end) {
-    const bool startsCharacter = (static_cast<unsigned char>(text[end]) & 0xC0U) != 0x80U;
-    if (startsCharacter && ++count > most) break;
+  for (int units = 0; end < text.size(); ++end) {
+    units += Utf16Units(text[end]);
+    if (units > most) break;
   }
   return text.substr(0, end);
 }

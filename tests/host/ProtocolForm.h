@@ -15,7 +15,7 @@ class TSampleForm : public zanrole::TForm {
     Spin.MinValue = 1;
     Spin.MaxValue = 10;
     Password.Mode = zanrole::TEditMode::Password;
-    Short.MaxLength = 3;
+    Short.MaxLength = 4;
     Fixed.ReadOnly = true;
     Edit.OnChange = [this] { Heard.push_back("Edit"); };
     Edit.OnEnterKey = [this] { Heard.push_back("Enter"); };

@@ -41,6 +41,13 @@ TEST_F(ProtocolInputTest, ATextThatIsTooLongIsCutAtCharactersAndSentBack) {
   EXPECT_EQ(Driver.Client.Property(1, "Short", "value"), "总部😀");
 }
 
+TEST_F(ProtocolInputTest, AFourByteCharacterTakesTwoUnitsOfTheLengthAndIsNeverHalved) {
+  Set("Short", "总部字😀");
+  EXPECT_EQ(Form.Short.Text, "总部字");
+  Set("Short", "😀😀😀");
+  EXPECT_EQ(Form.Short.Text, "😀😀");
+}
+
 TEST_F(ProtocolInputTest, APasswordIsNeverSentOut) {
   Set("Password", "secret");
   EXPECT_EQ(Form.Password.Text, "secret");

@@ -139,7 +139,8 @@ class ZAN_EXPORT TEdit : public TComponent {
   std::string Text;
   TEditMode Mode = TEditMode::Line;
   bool ReadOnly = false;
-  /// In characters; 0 for no limit.
+  /// In units of UTF-16, as the columns of the servers and browsers count: a four-byte character takes two.
+  /// The host cuts what a person enters to it, between characters. 0 for no limit.
   int MaxLength = 0;
   std::function<void()> OnChange;
   std::function<void()> OnEnterKey;
@@ -152,6 +153,7 @@ class ZAN_EXPORT TMemo : public TComponent {
   TComponentKind Kind() const override;
   std::string Text;
   bool ReadOnly = false;
+  /// See TEdit.
   int MaxLength = 0;
   std::function<void()> OnChange;
 };
