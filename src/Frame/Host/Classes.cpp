@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cmath>
 #include <cstdio>
 
 namespace zanrole {
@@ -32,6 +33,31 @@ bool TakeChar(std::string_view text, std::size_t& at, char wanted) {
   if (at >= text.size() || text[at] != wanted) return false;
   ++at;
   return true;
+}
+
+void SkipBlanks(std::string_view text, std::size_t& at) {
+  while (at < text.size() && IsBlank(text[at])) ++at;
+}
+
+/// A piece of a comma text up to a comma or blank.
+std::string TakePlainPiece(std::string_view text, std::size_t& at) {
+  const std::size_t first = at;
+  while (at < text.size() && text[at] != ',' && !IsBlank(text[at])) ++at;
+  return std::string(text.substr(first, at - first));
+}
+
+/// A piece of a comma text behind its opening quote; moves past the closing one. Without that it reaches to
+/// the end.
+std::string TakeQuotedPiece(std::string_view text, std::size_t& at) {
+  std::string piece;
+  for (; at < text.size(); ++at) {
+    const bool isDoubled = text.substr(at, 2) == "\"\"";
+    if (text[at] == '"' && !isDoubled) break;
+    if (isDoubled) ++at;
+    piece += text[at];
+  }
+  TakeChar(text, at, '"');
+  return piece;
 }
 
 /// Reads "hh:nn:ss" with an optional fraction; false when the text is something else.
@@ -96,32 +122,13 @@ void TStringList::SetText(std::string_view text) {
 void TStringList::SetCommaText(std::string_view text) {
   Clear();
   std::size_t at = 0;
-  const auto skipBlanks = [&] {
-    while (at < text.size() && IsBlank(text[at])) ++at;
-  };
-  skipBlanks();
+  SkipBlanks(text, at);
   while (at < text.size()) {
-    std::string piece;
-    if (text[at] == '"') {
-      for (++at; at < text.size(); ++at) {
-        if (text[at] == '"') {
-          if (at + 1 < text.size() && text[at + 1] == '"')
-            ++at;
-          else
-            break;
-        }
-        piece += text[at];
-      }
-      if (at < text.size()) ++at;
-    } else {
-      while (at < text.size() && text[at] != ',' && !IsBlank(text[at])) piece += text[at++];
-    }
-    FLines.push_back(std::move(piece));
-    skipBlanks();
-    if (TakeChar(text, at, ',')) {
-      skipBlanks();
-      if (at == text.size()) FLines.emplace_back();
-    }
+    FLines.push_back(TakeChar(text, at, '"') ? TakeQuotedPiece(text, at) : TakePlainPiece(text, at));
+    SkipBlanks(text, at);
+    if (!TakeChar(text, at, ',')) continue;
+    SkipBlanks(text, at);
+    if (at == text.size()) FLines.emplace_back();
   }
 }
 
@@ -245,7 +252,8 @@ bool StrToBool(std::string_view text) {
   if (SameText(text, "false")) return false;
   double number = 0;
   const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-  if (error != std::errc() || stop != text.data() + text.size()) RaiseConvert(text, "Boolean");
+  const bool isNumber = error == std::errc() && stop == text.data() + text.size() && std::isfinite(number);
+  if (!isNumber) RaiseConvert(text, "Boolean");
   return number != 0;
 }
 

@@ -1,6 +1,7 @@
 #include "Frame/Host/Zandbs.h"
 
 #include <charconv>
+#include <cmath>
 #include <limits>
 
 namespace zanrole {
@@ -20,10 +21,22 @@ std::string DoubleToText(double number) {
   return {text, end};
 }
 
+[[noreturn]] void RaiseNoInteger(const std::string& text) {
+  throw EConvertError("'" + text + "' is not a valid integer");
+}
+
 int NarrowToInteger(std::int64_t value) {
   if (value < std::numeric_limits<int>::min() || value > std::numeric_limits<int>::max())
-    throw EConvertError("'" + std::to_string(value) + "' is not a valid integer");
+    RaiseNoInteger(std::to_string(value));
   return static_cast<int>(value);
+}
+
+/// The fraction is cut off.
+int NarrowToInteger(double value) {
+  const double whole = std::trunc(value);
+  const bool fits = whole >= std::numeric_limits<int>::min() && whole <= std::numeric_limits<int>::max();
+  if (!fits) RaiseNoInteger(DoubleToText(value));
+  return static_cast<int>(whole);
 }
 
 const TZanValue kNull;
@@ -43,12 +56,10 @@ std::string ValueAsString(const TZanValue& value) {
 int ValueAsInteger(const TZanValue& value) {
   return std::visit(
       TOverload{[](std::monostate) { return 0; }, [](std::int64_t number) { return NarrowToInteger(number); },
-                [](double number) { return NarrowToInteger(static_cast<std::int64_t>(number)); },
+                [](double number) { return NarrowToInteger(number); },
                 [](bool truth) { return truth ? 1 : 0; },
                 [](const std::string& text) { return text.empty() ? 0 : StrToInt(text); },
-                [](TDateTime time) -> int {
-                  throw EConvertError("'" + DateTimeToText(time) + "' is not a valid integer");
-                }},
+                [](TDateTime time) -> int { RaiseNoInteger(DateTimeToText(time)); }},
       value);
 }
 

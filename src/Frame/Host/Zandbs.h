@@ -16,7 +16,7 @@ namespace zanrole {
 using TZanValue = std::variant<std::monostate, std::int64_t, double, bool, std::string, TDateTime>;
 
 /// Conversions that fields and parameters share. A null reads as 0, false, empty text or the epoch.
-/// Each raises EConvertError for a text that is not of the type.
+/// Each raises EConvertError for a value that is not of the type, or does not fit it.
 ZAN_EXPORT std::string ValueAsString(const TZanValue& value);
 ZAN_EXPORT int ValueAsInteger(const TZanValue& value);
 ZAN_EXPORT bool ValueAsBoolean(const TZanValue& value);
@@ -102,7 +102,8 @@ class ZAN_EXPORT TDataSet {
   int FieldCount() const { return static_cast<int>(FFields.size()); }
 
   /// Moves to the first row whose columns hold these values (integers and texts compare by their text);
-  /// false and no move when there is none. `fields` is one name, or several separated by ";".
+  /// false and no move when there is none. `fields` is one name, or several separated by ";"; a name that is
+  /// absent raises EDatabaseError. REQUIRES: one value for each name.
   bool Locate(std::string_view fields, const std::vector<TZanValue>& values);
   /// Value at a place without moving. REQUIRES: the place exists.
   const TZanValue& At(int row, int field) const;

@@ -30,6 +30,7 @@ TEST(StringList, ACommaTextSplitsAtCommasAndBlanks) {
   EXPECT_THAT(CommaPieces("\"a, \"\"b\"\"\",c"), ElementsAre("a, \"b\"", "c"));
   EXPECT_THAT(CommaPieces("a,,b,"), ElementsAre("a", "", "b", ""));
   EXPECT_THAT(CommaPieces(""), ElementsAre());
+  EXPECT_THAT(CommaPieces("\"\",\"open, to the end"), ElementsAre("", "open, to the end"));
 }
 
 TEST(StringList, FindsWithoutRegardToCase) {
@@ -74,7 +75,9 @@ TEST(StrToBool, TakesTheWordsInAnyCaseAndNumbers) {
   EXPECT_TRUE(StrToBool("-1"));
   EXPECT_FALSE(StrToBool("FALSE"));
   EXPECT_FALSE(StrToBool("0"));
-  EXPECT_THROW(StrToBool("是"), EConvertError);
+  EXPECT_TRUE(StrToBool("0.5"));
+  for (const char* text : {"是", "yes", "1x", " 1", "nan", "inf", "1e999"})
+    EXPECT_THROW(StrToBool(text), EConvertError) << text;
   EXPECT_THROW(StrToBool(""), EConvertError);
 }
 

@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "Frame/Host/Zandbs.h"
 
 namespace zantest {
@@ -69,6 +71,13 @@ TEST(Params, AreTakenFromTheTextOutsideQuotesBracketsAndComments) {
   EXPECT_EQ(params.Find("B1"), &params[1]);
 }
 
+TEST(Params, AreNotTakenFromALiteralInsideAQuotedBatch) {
+  TParams params;
+  const std::string update = "update T set Name = " + QuotedStr("a:b ':c") + ", B = ':d';";
+  params.Refill("call MySql_execute_MultiSql(" + QuotedStr(update) + ")");
+  EXPECT_EQ(params.Count(), 0);
+}
+
 TEST(Params, KeepTheValuesOfNamesThatStay) {
   TParams params;
   params.Refill("update T set A=:A, B=:B");
@@ -86,6 +95,10 @@ TEST(Values, ReadAsTheTypeThatIsAsked) {
   EXPECT_TRUE(ValueAsBoolean(std::int64_t{-1}));
   EXPECT_THROW(ValueAsInteger("x"s), EConvertError);
   EXPECT_THROW(ValueAsInteger(std::int64_t{1} << 40), EConvertError);
+  EXPECT_EQ(ValueAsInteger(-2.9), -2);
+  EXPECT_EQ(ValueAsInteger(2147483647.5), 2147483647);
+  for (const double number : {2147483648.0, 1e300, -1e300, std::nan("")})
+    EXPECT_THROW(ValueAsInteger(number), EConvertError) << number;
 }
 
 TEST(DatabaseError, TellsTheMessageAndTheStatement) {
