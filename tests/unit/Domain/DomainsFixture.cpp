@@ -92,4 +92,9 @@ void TDomainsTest::AnswerNewDomain(int lastSequence, const TDomainRow* parent, i
   FHost.Answer("select ID, ParentCode", {"ID", "ParentCode"}, {{newID, parentCode}});
 }
 
+void TDomainsTest::AnswerSequences() {
+  FHost.Answer("select Sequence from STDomains where ID = 6", {"Sequence"}, {{2}});
+  FHost.Answer("select Sequence from STDomains where ID = 5", {"Sequence"}, {{1}});
+}
+
 }  // namespace zantest

@@ -56,6 +56,9 @@ class TDomainsTest : public testing::Test {
   /// Answers the statements of NewDomain: the parent's paths, and the id that the new row gets.
   void AnswerNewDomain(int lastSequence, const TDomainRow* parent, int newID, std::string parentCode);
 
+  /// The domain 5 of the company is the first child, 6 the second.
+  void AnswerSequences();
+
   TRecordingServices FServices;
   TRecordingHost FHost;
   zanrole::TMenuFunc_DomainManage FFunc;

@@ -22,6 +22,10 @@ constexpr const char* kMySqlRename =
     "SUBSTRing(a.UserID, 3, 100) else a.UserID end) where a.uGroup =1 and b.MemberType = 1 and b.IsOwned = 1 "
     "and c.ID = ";
 
+constexpr const char* kDeleteBatch =
+    "begin delete from STDomains where ID = 9; delete from STDomainInherits where DescendantID = 9; delete "
+    "from STDomainPermission where DomainID = 9; delete from STDomainMembers where DomainID = 9; end;";
+
 std::string OracleRename(const std::string& fullName, int id) {
   return "update STUsers set UserName = '" + fullName +
          R"(' || '\' || case left(UserID, 2) when '\\' then SUBSTR(UserID, 3, 100) else UserID end )"
@@ -119,6 +123,18 @@ TEST_F(TDomainsMySqlTest, RenamingTakesThePathsFromTheProcedureAndQuotesTheBatch
           ")");
 }
 
+TEST_F(TDomainsMySqlTest, ColonsAndQuotesOfANameMakeNoParameterOfTheBatch) {
+  TFormDomains& console = OpenCompany();
+  Select(9);
+  FHost.Answer("CALL MySql_STDomainsGetFullName(9)", kPathColumns, {{9, R"(\A\B\)", R"(\A\B\it's a:b\)"}});
+  WhenAsked("it's a:b", "':c");
+  Press(console.ActDomainEdit);
+  for (const TRecordedStatement& statement : FHost.Statements)
+    EXPECT_THAT(statement.Params, IsEmpty()) << statement.Text;
+  const std::string quotedTwice = R"(FullName = ''\A\B\it''''s a:b'')";
+  EXPECT_THAT(FHost.Texts(), testing::Contains(testing::HasSubstr(quotedTwice)));
+}
+
 TEST_F(TDomainsTest, RenamingADomainWhoseRowsHaveGoneSendsNoBatch) {
   TFormDomains& console = OpenCompany();
   Select(9);
@@ -145,16 +161,22 @@ TEST_F(TDomainsTest, DeletingAnEmptyDomainSendsOneBatchAndTakesItsNodeAway) {
   ASSERT_GE(texts.size(), 3u);
   EXPECT_EQ(texts[0], "select 1 Found from STDomains where ParentID = 9");
   EXPECT_EQ(texts[1], "select 1 Found from STDomainMembers where MemberType <> 3 and DomainID = 9");
-  EXPECT_EQ(texts[2],
-            "begin delete from STDomains where ID = 9; delete from STDomainInherits where DescendantID = 9; "
-            "delete from STDomainPermission where DomainID = 9; delete from STDomainMembers where DomainID = "
-            "9; end;");
+  EXPECT_EQ(texts[2], kDeleteBatch);
   EXPECT_EQ(console.DomainTree.FindData(9), nullptr);
   EXPECT_EQ(console.DomainTree.Selected(), &Node(5));
   ASSERT_THAT(FHost.Messages, SizeIs(1));
   EXPECT_EQ(FHost.Messages[0].Title, "系统提示");
   EXPECT_EQ(FHost.Messages[0].Text, "确实要删除域“\\A\\B\\C”吗?");
   EXPECT_EQ(FHost.Messages[0].Kind, TMsgDlgType::Confirmation);
+}
+
+TEST_F(TDomainsOracleTest, DeletingSendsTheSameBatchInOneBlock) {
+  TFormDomains& console = OpenCompany();
+  Select(9);
+  EXPECT_EQ(StatementsOf([&] { Press(console.ActDomainDelete); })[2], kDeleteBatch);
+  const TRecordedStatement& batch = FHost.Statements[2];
+  EXPECT_EQ(batch.Kind, "Exec");
+  EXPECT_THAT(batch.Text, StartsWith("begin\r\ndelete from STDomains where ID = 9;\r\ndelete from "));
 }
 
 TEST_F(TDomainsMySqlTest, DeletingSendsItsBatchThroughTheProcedure) {

@@ -199,8 +199,7 @@ TEST_F(TDomainsTest, MoveUpOnTheFirstSiblingDoesNothing) {
 TEST_F(TDomainsTest, MovingExchangesTheSequencesInOneBatch) {
   TFormDomains& console = OpenCompany();
   Select(6);
-  FHost.Answer("select Sequence from STDomains where ID = 6", {"Sequence"}, {{2}});
-  FHost.Answer("select Sequence from STDomains where ID = 5", {"Sequence"}, {{1}});
+  AnswerSequences();
   EXPECT_THAT(StatementsOf([&] { Press(console.ActDomainMoveUp); }),
               ElementsAre("select Sequence from STDomains where ID = 6",
                           "select Sequence from STDomains where ID = 5",
@@ -213,8 +212,7 @@ TEST_F(TDomainsTest, MovingExchangesTheSequencesInOneBatch) {
 TEST_F(TDomainsTest, MovingDownPutsTheNextSiblingBeforeTheNode) {
   TFormDomains& console = OpenCompany();
   Select(5);
-  FHost.Answer("select Sequence from STDomains where ID = 6", {"Sequence"}, {{2}});
-  FHost.Answer("select Sequence from STDomains where ID = 5", {"Sequence"}, {{1}});
+  AnswerSequences();
   Press(console.ActDomainMoveDown);
   EXPECT_EQ(FHost.Texts().back(),
             "begin update STDomains set Sequence = 1 where ID = 6; "
@@ -230,11 +228,20 @@ TEST_F(TDomainsTest, MovingADomainWhoseRowHasGoneSendsNoBatch) {
   EXPECT_THAT(FHost.Messages, IsEmpty());
 }
 
+TEST_F(TDomainsOracleTest, MovingSendsTheBatchInOneBlock) {
+  TFormDomains& console = OpenCompany();
+  Select(6);
+  AnswerSequences();
+  Press(console.ActDomainMoveUp);
+  EXPECT_EQ(FHost.Statements.back().Text,
+            "begin\r\nupdate STDomains set Sequence = 1 where ID = 6;\r\n"
+            "update STDomains set Sequence = 2 where ID = 5;\r\nend;");
+}
+
 TEST_F(TDomainsMySqlTest, MovingSendsTheBatchThroughTheProcedure) {
   TFormDomains& console = OpenCompany();
   Select(6);
-  FHost.Answer("select Sequence from STDomains where ID = 6", {"Sequence"}, {{2}});
-  FHost.Answer("select Sequence from STDomains where ID = 5", {"Sequence"}, {{1}});
+  AnswerSequences();
   Press(console.ActDomainMoveUp);
   EXPECT_EQ(FHost.Texts().back(),
             "call MySql_execute_MultiSql('update STDomains set Sequence = 1 where ID = 6; "
