@@ -37,8 +37,8 @@ class ZAN_EXPORT TDomainValueFunc : public TDomainFunc {
   virtual std::string Ask() const = 0;
 };
 
-/// May the operator act on the domain that the one input names? Stops with false when the input is missing or
-/// blank.
+/// May the operator act on the domain that the one input names? Stops with false when the input is missing,
+/// or cannot name a domain: it is empty, or no id.
 class ZAN_EXPORT TDomainAuthFunc : public TDomainFunc {
  public:
   bool Execute() override;

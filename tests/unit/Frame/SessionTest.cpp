@@ -46,6 +46,30 @@ TEST(Session, FreesWhatItHoldsInReverseOrderOfCreationWhileItIsCurrent) {
   EXPECT_THAT(Ended(), ElementsAre("second", "first"));
 }
 
+struct TLateUser {
+  ~TLateUser() { TSession::Current().Slot<TFirst>(); }
+};
+
+TEST(Session, FreesWhatItsFinalisationMakes) {
+  Ended().clear();
+  {
+    const TRecordingHost host;
+    TSession::Current().Slot<TLateUser>();
+  }
+  EXPECT_THAT(Ended(), ElementsAre("first"));
+}
+
+TEST(Session, IsNoLongerCurrentOnceItHasEndedAndLeavesAnotherCurrent) {
+  TRecordingHost host;
+  TSession* const ended = ZanroleSessionCreate(&host);
+  TSession* const other = ZanroleSessionMakeCurrent(ended);
+  ZanroleSessionDestroy(ended);
+  EXPECT_EQ(ZanroleSessionMakeCurrent(other), nullptr);
+
+  ZanroleSessionDestroy(ZanroleSessionCreate(&host));
+  EXPECT_EQ(&TSession::Current(), other);
+}
+
 TEST(Session, TwoSessionsShareNothing) {
   TRecordingHost first;
   first.Session().Slot<TFirst>().Value = 1;
