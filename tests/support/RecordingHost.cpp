@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <boost/json.hpp>
 
+#include "tests/support/PlainTexts.h"
+
 namespace zantest {
 
 using namespace zanrole;
@@ -84,16 +86,6 @@ class TPlainSystemInfo final : public TSystemInfo {
 
  private:
   int FLast = 0;
-};
-
-class TKeyResources final : public TResourceStrings {
- public:
-  std::string resD(std::string_view key, std::string_view, std::string_view) override {
-    return std::string(key);
-  }
-  std::string res(std::string_view key, std::string_view) override { return std::string(key); }
-  std::string resS(std::string_view key) override { return std::string(key); }
-  void resDLLDownload(std::string_view, std::string_view) override {}
 };
 
 class TBooleanFieldHelper final : public TDBFieldHelper {
@@ -267,7 +259,7 @@ struct TRecordingHost::TParts {
       : Databases(host, dialect), Dialogs(host), Forms(host), FuncManager(host), WebServices(host) {}
   TPlainSystemInfo SystemInfo;
   TRecordingDatabases Databases;
-  TKeyResources Resources;
+  TPlainTexts Resources;
   TRecordingDialogs Dialogs;
   TRecordingForms Forms;
   TRecordingFuncManager FuncManager;

@@ -9,6 +9,7 @@
 
 #include "host/worker/SessionLoop.h"
 #include "tests/support/ClientModel.h"
+#include "tests/support/PlainTexts.h"
 
 namespace zantest {
 
@@ -75,17 +76,6 @@ class TSessionDriver {
  private:
   TQueueChannel FChannel;
   std::thread FThread;
-};
-
-/// Texts in Chinese, as they are.
-class TPlainTexts final : public zanrole::TResourceStrings {
- public:
-  std::string resD(std::string_view key, std::string_view, std::string_view) override {
-    return std::string(key);
-  }
-  std::string res(std::string_view key, std::string_view) override { return std::string(key); }
-  std::string resS(std::string_view key) override { return std::string(key); }
-  void resDLLDownload(std::string_view, std::string_view) override {}
 };
 
 }  // namespace zantest

@@ -77,15 +77,18 @@ TEST_F(TDomainsTest, TheNewNodeIsSelectedAndKnowsItsPath) {
   EXPECT_EQ(console.LabelTitle.Text, "\\A\\B\\N");
 }
 
+/// The insert of the top-level domain A.
+std::string InsertOfA(const std::string& fullCode, const std::string& nullFunction) {
+  return kInsertColumns + std::string(R"('01', 'A', '', -1, 0, 1, '\A', )") + fullCode +
+         R"(, '\', '\', 0, 0 from ( select )" + nullFunction + "(Max(ID),0) + 1 NewID from STDomains ) a";
+}
+
 TEST_F(TDomainsMySqlTest, TheFullCodeKeepsThePlusBetweenTexts) {
   TFormDomains& console = Open();
   AnswerNewDomain(0, nullptr, 1, "\\");
   WhenAsked("A", "01");
   const auto texts = StatementsOf([&] { Press(console.ActDomainNew); });
-  EXPECT_THAT(texts, Contains(std::string(kInsertColumns) +
-                              R"('01', 'A', '', -1, 0, 1, '\A', )"
-                              R"('\' + cast(a.NewID as char(16)) + '\', '\', '\', 0, 0)"
-                              " from ( select IfNull(Max(ID),0) + 1 NewID from STDomains ) a"));
+  EXPECT_THAT(texts, Contains(InsertOfA(R"('\' + cast(a.NewID as char(16)) + '\')", "IfNull")));
 }
 
 TEST_F(TDomainsOracleTest, TheFullCodeIsJoinedByBars) {
@@ -93,10 +96,7 @@ TEST_F(TDomainsOracleTest, TheFullCodeIsJoinedByBars) {
   AnswerNewDomain(0, nullptr, 1, "\\");
   WhenAsked("A", "01");
   const auto texts = StatementsOf([&] { Press(console.ActDomainNew); });
-  EXPECT_THAT(texts, Contains(std::string(kInsertColumns) +
-                              R"('01', 'A', '', -1, 0, 1, '\A', )"
-                              R"('\' || cast(a.NewID as varchar(16)) || '\', '\', '\', 0, 0)"
-                              " from ( select nvl(Max(ID),0) + 1 NewID from STDomains ) a"));
+  EXPECT_THAT(texts, Contains(InsertOfA(R"('\' || cast(a.NewID as varchar(16)) || '\')", "nvl")));
 }
 
 TEST_F(TDomainsMySqlTest, WordsOfTheDialectInsideAValueStayAsEntered) {

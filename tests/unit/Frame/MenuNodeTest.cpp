@@ -3,18 +3,12 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/RecordingHost.h"
+#include "tests/unit/Frame/AnyMenuFunc.h"
 
 namespace zantest {
 namespace {
 
 using namespace zanrole;
-
-class TAnyMenuFunc final : public TMenuBaseFunc {
- public:
-  std::string FuncName() const override { return "域管理"; }
-  std::string FuncDescription() const override { return "域管理"; }
-  bool Execute() override { return true; }
-};
 
 class MenuNode : public testing::Test {
  protected:
