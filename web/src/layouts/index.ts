@@ -1,5 +1,4 @@
 import { registerLayout } from './registry'
-import './TFormDomains'
 import TMessage from './TMessage.vue'
 import TOpenDialog from './TOpenDialog.vue'
 
