@@ -1,5 +1,5 @@
 import { describe, expect, it } from 'vitest'
-import { ColumnWidths } from '../src/core/columns'
+import { chosenShares, ColumnWidths, proposedShares } from '../src/core/columns'
 import { Desktop } from '../src/core/desktop'
 
 describe('the desktop', () => {
@@ -56,14 +56,22 @@ describe('column widths', () => {
     return { getItem: (key: string) => kept.get(key) ?? null, setItem: (key: string, value: string) => void kept.set(key, value) }
   }
 
-  it('are the described ones until a person changes them', () => {
+  it('are nobody\'s own until a person changes them', () => {
     const widths = new ColumnWidths(storeOf(null))
-    expect(widths.read('T', 'List', columns)).toEqual([100, 200])
+    expect(widths.read('T', 'List', columns)).toBeUndefined()
     widths.write('T', 'List', [90.4, 210])
     expect(widths.read('T', 'List', columns)).toEqual([90, 210])
   })
 
   it.each(['[90]', '[90,"x"]', '[90,1]', 'nonsense'])('ignore what is stored when it does not fit: %s', text => {
-    expect(new ColumnWidths(storeOf(text)).read('T', 'List', columns)).toEqual([100, 200])
+    expect(new ColumnWidths(storeOf(text)).read('T', 'List', columns)).toBeUndefined()
+  })
+  it('share the room in proportion, and the first column does not shrink', () => {
+    const wide = [{ title: 'a', width: 120 }, { title: 'b', width: 200 }, { title: 'c', width: 60 }]
+    expect(proposedShares(wide)).toEqual({ template: 'minmax(120px, 120fr) minmax(160px, 200fr) minmax(60px, 60fr)', minimalWidth: 340 })
+  })
+
+  it('stand as a person chose them, and the last column takes the rest', () => {
+    expect(chosenShares([90, 210])).toEqual({ template: '90px minmax(210px, 1fr)', minimalWidth: 300 })
   })
 })

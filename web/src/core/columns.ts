@@ -8,22 +8,50 @@ export interface KeyValueStore {
 
 export const NARROWEST = 40
 
+/** Where there is too little room, a column shrinks to this share of its width, but stays readable. */
+const SHRINKS_TO = 0.8
+const READABLE = 84
+
 /** Column widths that a person chose, by class of window and name of component. */
 export class ColumnWidths {
   constructor(private readonly store: KeyValueStore) {}
 
-  /** The widths to use: the chosen ones where the number of columns still is the same. */
-  read(className: string, name: string, columns: readonly Column[]): number[] {
-    const own = columns.map(column => column.width)
+  /** The chosen widths where the number of columns still is the same; nothing when the person chose none. */
+  read(className: string, name: string, columns: readonly Column[]): number[] | undefined {
     const text = this.store.getItem(keyOf(className, name))
-    if (text === null) return own
-    const chosen = parseWidths(text)
-    return chosen.length === own.length ? chosen : own
+    const chosen = text === null ? [] : parseWidths(text)
+    return chosen.length > 0 && chosen.length === columns.length ? chosen : undefined
   }
 
   write(className: string, name: string, widths: readonly number[]): void {
     this.store.setItem(keyOf(className, name), JSON.stringify(widths.map(Math.round)))
   }
+}
+
+/** How columns share the room that they are given, for `grid-template-columns`, and what they need at least. */
+export interface ColumnShares {
+  template: string
+  minimalWidth: number
+}
+
+/** Widths that a person chose stand as they are; the last column takes what is left. */
+export function chosenShares(widths: readonly number[]): ColumnShares {
+  const template = widths.map((width, at) => (at === widths.length - 1 ? `minmax(${width}px, 1fr)` : `${width}px`)).join(' ')
+  return { template, minimalWidth: sum(widths) }
+}
+
+/**
+ * Widths that the console proposes: the columns share the room in their proportion, down to what can be read. The
+ * first one says whose row it is and does not shrink.
+ */
+export function proposedShares(columns: readonly Column[]): ColumnShares {
+  const smallest = columns.map(({ width }, at) => (at === 0 ? width : Math.round(Math.max(width * SHRINKS_TO, Math.min(width, READABLE)))))
+  const template = columns.map(({ width }, at) => `minmax(${smallest[at]}px, ${width}fr)`).join(' ')
+  return { template, minimalWidth: sum(smallest) }
+}
+
+function sum(widths: readonly number[]): number {
+  return widths.reduce((total, width) => total + width, 0)
 }
 
 function keyOf(className: string, name: string): string {

@@ -24,6 +24,11 @@ export class RowStore {
     return -1
   }
 
+  /** True when all rows are known. */
+  get complete(): boolean {
+    return this.rows.size === this.total
+  }
+
   selected(): Row[] {
     return [...this.rows.values()].filter(row => row.selected)
   }
