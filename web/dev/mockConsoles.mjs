@@ -56,6 +56,16 @@ class Tree {
     this.flat = undefined
   }
 
+  move(id, parent) {
+    for (let above = parent; above !== 0; above = this.nodes.get(above).parent) if (above === id) return
+    const node = this.nodes.get(id)
+    this.children.set(node.parent, this.children.get(node.parent).filter(child => child !== id))
+    node.parent = parent
+    this.children.get(parent).push(id)
+    this.open.add(parent)
+    this.flat = undefined
+  }
+
   toggle(id) {
     if (this.open.has(id)) this.open.delete(id)
     else this.open.add(id)
@@ -121,7 +131,9 @@ function openDomains(session, text) {
     onCount: () => tree.rows().length,
     onRow: index => tree.row(index),
     onSelect: id => { tree.selected = id },
+    drag: true,
     onToggle: id => tree.toggle(id),
+    onDrop: (ids, onto) => ids.forEach(id => tree.move(id, onto)),
     onActivate: id => tree.toggle(id),
   })
   window.add('tabs', 'Tabs', null, { value: '' })

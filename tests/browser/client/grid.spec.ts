@@ -110,3 +110,88 @@ test('a tree opens, closes and goes to the parent with the arrows', async ({ pag
   await page.keyboard.press('Home')
   await expect(row(page, /^域$/)).toHaveAttribute('aria-selected', 'true')
 })
+
+test('typing how a row begins goes to it, by name, by initials and by code', async ({ page, address }) => {
+  await logIn(page, address)
+  await openDomains(page)
+  await page.keyboard.type('yjy')
+  await expect(row(page, '研究院 (04)')).toHaveAttribute('aria-selected', 'true')
+  await page.waitForTimeout(1000)
+  await page.keyboard.type('02')
+  await expect(row(page, '华北分公司 (02)')).toHaveAttribute('aria-selected', 'true')
+  await page.waitForTimeout(1000)
+  await page.keyboard.press('h')
+  await expect(row(page, '华南分公司 (03)')).toHaveAttribute('aria-selected', 'true')
+  await page.keyboard.press('h')
+  await expect(row(page, '华东总部 (01)')).toHaveAttribute('aria-selected', 'true')
+})
+
+test('typing finds a row far away, and a word that is nowhere leaves the list as it is', async ({ page, address }) => {
+  await logIn(page, address)
+  await openKinds(page)
+  await expect(page.getByRole('grid', { name: '大列表' })).toBeFocused()
+  await page.keyboard.type('1200', { delay: 20 })
+  await expect(row(page, '1200 用户 1200')).toHaveAttribute('aria-selected', 'true')
+  await expect(row(page, '1200 用户 1200')).toBeInViewport()
+  await page.waitForTimeout(1000)
+  await page.keyboard.press('q')
+  await expect(row(page, '1200 用户 1200')).toBeInViewport()
+  await expect(page.locator('.grid-text.waiting')).toHaveCount(0)
+})
+
+test('a node is dragged onto another one', async ({ page, address }) => {
+  await logIn(page, address)
+  await openDomains(page)
+  await row(page, '研究院 (04)').dragTo(row(page, '华东总部 (01)'))
+  await expect(row(page, '研究院 (04)')).toHaveAttribute('aria-level', '3')
+  await expect(page.locator('.grid-row.held, .grid-row.target')).toHaveCount(0)
+})
+
+test('a node is moved with the keyboard, or put back', async ({ page, address, request }) => {
+  await logIn(page, address)
+  await openDomains(page)
+  await row(page, '研究院 (04)').click()
+  await page.keyboard.press('Control+X')
+  await expect(page.locator('.grid-row.held')).toHaveText('研究院 (04)')
+  await expect(page.getByText('已拿起：研究院 (04)')).toBeAttached()
+  await page.keyboard.press('Escape')
+  await expect(page.locator('.grid-row.held')).toHaveCount(0)
+  await page.keyboard.press('Control+V')
+  await page.keyboard.press('Control+X')
+  await page.keyboard.press('ArrowUp')
+  await page.keyboard.press('Control+V')
+  await expect(row(page, '研究院 (04)')).toHaveAttribute('aria-level', '3')
+  const events = (await (await request.get(`${address}/mock/events`)).json()) as { do: string }[]
+  expect(events.filter(event => event.do === 'drop')).toHaveLength(1)
+})
+
+test('rows are copied as text', async ({ page, address }) => {
+  await logIn(page, address)
+  await openDomains(page)
+  await row(page, '华东总部 (01)').click()
+  await row(page, /李伟/).click()
+  const copied = await page.evaluateHandle(() => {
+    const seen: string[] = []
+    document.addEventListener('copy', event => seen.push(event.clipboardData?.getData('text/plain') ?? ''))
+    return seen
+  })
+  await page.keyboard.press('Control+C')
+  await expect.poll(() => copied.jsonValue()).toEqual(['user2\t李伟\t华东总部'])
+})
+
+test('only a text that is cut off has a tooltip, and a double click on the edge makes room for it', async ({ page, address }) => {
+  await logIn(page, address)
+  await openKinds(page)
+  const title = page.getByRole('grid', { name: '大列表' }).getByRole('columnheader', { name: '编号' })
+  const text = row(page, /^12 用户 12$/).getByText('12', { exact: true })
+  await text.hover()
+  await expect(text).not.toHaveAttribute('title')
+  await page.keyboard.press('ArrowUp')
+  for (let step = 0; step < 40; step++) await page.keyboard.press('Shift+ArrowLeft')
+  await title.hover()
+  await text.dispatchEvent('pointerover')
+  await expect(text).toHaveAttribute('title', '12')
+  await title.locator('.grid-edge').dblclick()
+  await text.hover()
+  await expect(text).not.toHaveAttribute('title')
+})

@@ -12,10 +12,23 @@ export interface Cursor {
   activate: (index: number) => void
   toToggle: (index: number) => void
   toParent: (index: number) => void
+  /** Goes to the first row that fits, from `index` on and round the end. */
+  seek: (index: number, fits: (row: Row) => boolean) => void
 }
 
-/** Rows that a search for a parent takes in at a time. The session gives 500 at most. */
+/** A search from row to row. */
+interface Search {
+  at: number
+  step: 1 | -1
+  /** Rows still to be looked at. */
+  left: number
+  fits: (row: Row) => boolean
+}
+
+/** Rows that a search takes in at a time. The session gives 500 at most. */
 const SEARCH_STEP = 400
+/** A search gives up after so many rows: each step of it asks the session. */
+const LONGEST_SEARCH = 4000
 
 /**
  * The row that the keyboard is on. It runs ahead of the session while keys are held down, and falls in with it
@@ -31,7 +44,7 @@ export function useCursor(
   const index = ref(0)
   /** What is to happen to a row that is not known yet. */
   let waiting: ((row: Row) => void) | undefined
-  let searching: { level: number; from: number } | undefined
+  let searching: Search | undefined
   const target = computed(() => ({ window: state().window, name: state().name }))
 
   function select(at: number, mode: SelectMode = 'set'): void {
@@ -68,23 +81,35 @@ export function useCursor(
   function toParent(at: number): void {
     const level = rows().at(at)?.level ?? 0
     if (level === 0) return
-    searching = { level, from: at - 1 }
-    searchParent()
+    searching = { at: at - 1, step: -1, left: at, fits: row => (row.level ?? 0) < level }
+    search()
   }
 
-  /** Goes up row by row; where the rows are not known, asks for them and goes on when they come. */
-  function searchParent(): void {
-    while (searching && searching.from >= 0) {
-      const row = rows().at(searching.from)
-      if (!row) {
-        const first = Math.max(0, searching.from - SEARCH_STEP)
-        session.view(target.value.window, target.value.name, first, searching.from + 1)
-        return
-      }
-      if ((row.level ?? 0) < searching.level) return move(searching.from)
-      searching.from--
+  function seek(at: number, fits: (row: Row) => boolean): void {
+    const { total } = rows()
+    if (total === 0) return
+    searching = { at: at % total, step: 1, left: Math.min(total, LONGEST_SEARCH), fits }
+    search()
+  }
+
+  /** Goes from row to row; where the rows are not known, asks for them and goes on when they come. */
+  function search(): void {
+    const { total } = rows()
+    while (searching && searching.left > 0 && searching.at < total) {
+      const row = rows().at(searching.at)
+      if (!row) return askForRows(searching)
+      if (searching.fits(row)) return move(searching.at)
+      searching.at = (searching.at + searching.step + total) % total
+      searching.left--
     }
     searching = undefined
+    viewport.scrolled()
+  }
+
+  function askForRows({ at, step }: Search): void {
+    const first = step > 0 ? at : Math.max(0, at + 1 - SEARCH_STEP)
+    const last = step > 0 ? Math.min(rows().total, at + SEARCH_STEP) : at + 1
+    session.view(target.value.window, target.value.name, first, last)
   }
 
   function rowsCame(): void {
@@ -94,7 +119,7 @@ export function useCursor(
       waiting = undefined
       action?.(row)
     }
-    if (searching) searchParent()
+    if (searching) search()
     else if (session.settled) fallIn()
   }
 
@@ -125,5 +150,5 @@ export function useCursor(
     { flush: 'post', immediate: true },
   )
 
-  return { index, select, move, activate, toToggle, toParent }
+  return { index, select, move, activate, toToggle, toParent, seek }
 }

@@ -1,15 +1,17 @@
-import { ref, type Ref } from 'vue'
+import { computed, ref, type Ref } from 'vue'
 import type { ComponentState } from '../core/mirror'
+import type { Row } from '../core/protocol'
 import type { RowStore } from '../core/rows'
 import type { Session } from '../core/session'
+import { t } from '../vue/language'
 
 export interface DragRows {
   /** Ids of the rows that were picked up here. */
-  held: Ref<number[]>
+  held: Readonly<Ref<number[]>>
   /** Index of the row that they are held over; -1 for none. */
   over: Ref<number>
   /** For those who do not see: what was picked up. */
-  announcement: Ref<string>
+  announcement: Readonly<Ref<string>>
   start: (event: DragEvent, index: number) => void
   overRow: (event: DragEvent, index: number) => void
   dropped: (event: DragEvent, index: number) => void
@@ -19,22 +21,21 @@ export interface DragRows {
 }
 
 /** What is held, in whichever grid of the page it was picked up. */
-const carried = ref<{ window: number; name: string; ids: number[] } | undefined>()
+const carried = ref<{ window: number; name: string; ids: number[]; texts: string[] } | undefined>()
 
 /** Dragging rows onto a row of the same component or of another one of its window, by mouse or by keyboard. */
 export function useDragRows(session: Session, state: () => ComponentState, rows: () => RowStore): DragRows {
-  const held = ref<number[]>([])
   const over = ref(-1)
-  const announcement = ref('')
+  const fromHere = computed(() => (carried.value?.window === state().window && carried.value.name === state().name ? carried.value : undefined))
+  const held = computed(() => fromHere.value?.ids ?? [])
+  const announcement = computed(() => (fromHere.value ? t('pickedUp', fromHere.value.texts.join(', ')) : ''))
 
   function pickUp(index: number): void {
     const row = rows().at(index)
     if (!state().drag || !row) return
     const chosen = rows().selected()
     const taken = chosen.some(entry => entry.id === row.id) ? chosen : [row]
-    held.value = taken.map(entry => entry.id)
-    carried.value = { window: state().window, name: state().name, ids: held.value }
-    announcement.value = taken.map(entry => entry.cells[0]).filter(cell => typeof cell === 'string').join(', ')
+    carried.value = { window: state().window, name: state().name, ids: taken.map(entry => entry.id), texts: taken.map(firstText) }
   }
 
   function drop(index: number): void {
@@ -64,11 +65,13 @@ export function useDragRows(session: Session, state: () => ComponentState, rows:
   }
 
   function end(): void {
-    held.value = []
     over.value = -1
-    announcement.value = ''
     carried.value = undefined
   }
 
   return { held, over, announcement, start, overRow, dropped, end, pickUp, drop }
+}
+
+function firstText({ cells: [cell] }: Row): string {
+  return typeof cell === 'object' ? cell.text : cell ?? ''
 }

@@ -3,6 +3,7 @@ import type { ComponentState } from '../core/mirror'
 import type { Row } from '../core/protocol'
 import type { RowStore } from '../core/rows'
 import type { Session } from '../core/session'
+import { rowBeginsWith, TypeAhead } from '../core/typeAhead'
 import type { Columns } from './useColumns'
 import type { Cursor } from './useCursor'
 import type { DragRows } from './useDragRows'
@@ -36,6 +37,7 @@ export function useGridKeys(parts: GridKeysParts): GridKeys {
   const { cursor, viewport, state, rows } = parts
   const headColumn = ref(-1)
   const column = ref(0)
+  const typeAhead = new TypeAhead()
 
   function pressed(event: KeyboardEvent): void {
     if (event.target !== event.currentTarget || event.altKey) return
@@ -58,7 +60,7 @@ export function useGridKeys(parts: GridKeysParts): GridKeys {
   }
 
   function onRows(event: KeyboardEvent): boolean {
-    return moves(event) || sideways(event) || acts(event) || edits(event)
+    return moves(event) || sideways(event) || acts(event) || edits(event) || types(event)
   }
 
   function moves(event: KeyboardEvent): boolean {
@@ -105,6 +107,10 @@ export function useGridKeys(parts: GridKeysParts): GridKeys {
       cursor.activate(at)
       return true
     }
+    if (event.key === 'Escape' && parts.drag.held.value.length > 0) {
+      parts.drag.end()
+      return true
+    }
     if (event.key === ' ') {
       if (row?.mark) parts.session.send({ do: 'mark', window, name, id: row.id })
       else cursor.select(at, multi ? 'toggle' : 'set')
@@ -136,6 +142,14 @@ export function useGridKeys(parts: GridKeysParts): GridKeys {
     if (event.key === 'Enter' || event.key === 'F2') parts.edit(row, column.value)
     else if (event.key.length === 1) parts.edit(row, column.value, event.key)
     else return false
+    return true
+  }
+
+  /** Letters go to the next row that begins with them. */
+  function types(event: KeyboardEvent): boolean {
+    if (parts.cellwise() || event.key.length !== 1 || event.ctrlKey || event.metaKey) return false
+    const { text, fromHere } = typeAhead.take(event.key, event.timeStamp)
+    cursor.seek(cursor.index.value + (fromHere ? 0 : 1), row => rowBeginsWith(row, text))
     return true
   }
 
