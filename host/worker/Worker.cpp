@@ -8,6 +8,7 @@
 #include <optional>
 
 #include "host/worker/ConsoleSession.h"
+#include "host/worker/EndWithGateway.h"
 #include "host/worker/MainForm.h"
 
 namespace zanhost {
@@ -69,6 +70,7 @@ std::optional<json::object> RunForScript(TConsoleSession& session, const TEvent&
 }  // namespace
 
 int RunWorker(const TSessionOptions& options) {
+  EndWithGateway();
   TDescriptorChannel channel = StandardChannel();
   return RunWorker(options, channel);
 }
