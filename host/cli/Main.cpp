@@ -5,6 +5,7 @@
 
 #include "Frame/Host/Zandbs.h"
 #include "host/cli/Commands.h"
+#include "host/platform/Process.h"
 
 namespace {
 
@@ -40,6 +41,7 @@ int Run(const zanhost::TRun& run) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  zanhost::KeepPrivate();
   CLI::App program("Reference host of the administration of organisations, users, roles and domains.",
                    "zanhost");
   program.require_subcommand(1);

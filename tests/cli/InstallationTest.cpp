@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include "host/platform/Accounts.h"
 #include "host/platform/Cipher.h"
@@ -53,6 +54,15 @@ TEST(SampleCommand, TellsTheAdministratorsPasswordAndKeepsItForItsOwner) {
   EXPECT_THAT(sample.Made().Out, HasSubstr(first->Password));
   EXPECT_FALSE(zanhost::IsOpenToOthers(sample.Folder() / "first-login.txt"));
   EXPECT_EQ(TryLogin(sample, "admin", first->Password), TLoginVerdict::Accepted);
+}
+
+TEST(SampleCommand, WhatIsMadeIsTheOwnersAloneWhateverTheUmask) {
+  const ::mode_t before = ::umask(0);
+  const TSampleInstallation sample;
+  ::umask(before);
+  for (const auto& entry : std::filesystem::recursive_directory_iterator(sample.Folder()))
+    EXPECT_FALSE(zanhost::IsOpenToOthers(entry.path())) << entry.path();
+  EXPECT_FALSE(zanhost::IsOpenToOthers(sample.Folder()));
 }
 
 TEST(SampleCommand, PasswordIsInNoLogAndNotPlainInTheData) {
