@@ -56,12 +56,16 @@ std::string_view ReasonPhrase(unsigned status) {
       return "Conflict";
     case 413:
       return "Too large";
+    case 421:
+      return "Wrong server";
     case 422:
       return "Not accepted";
     case 429:
       return "Too many tries";
     case 431:
       return "Head too large";
+    case 501:
+      return "Not supported";
     case 503:
       return "Not available now";
     default:

@@ -15,6 +15,8 @@
 #include <utility>
 
 #include "host/gateway/Headers.h"
+#include "host/gateway/Network.h"
+#include "host/gateway/SessionFiles.h"
 #include "host/gateway/WebSocketSession.h"
 
 namespace zanhost {
@@ -31,6 +33,10 @@ constexpr std::chrono::seconds kHandshakeTime{10};
 constexpr std::chrono::seconds kHeadTime{60};
 constexpr std::chrono::seconds kBodyTime{30};
 constexpr std::chrono::minutes kFileTime{10};
+constexpr std::chrono::minutes kAnswerTime{2};
+// What is still read after the last answer, so that it is not lost with what the other side was sending.
+constexpr std::chrono::seconds kLingerTime{2};
+constexpr std::size_t kLingerPiece = 64UL * 1024;
 
 std::string SmallLetters(std::string_view text) {
   std::string small(text);
@@ -54,6 +60,13 @@ struct TReplyTo {
 
 TReplyTo ReplyTo(const THeadParser& head) {
   return {head.get().version(), head.get().keep_alive(), head.get().method() == http::verb::head};
+}
+
+TAnswer DescribeBrokenBody(const TAdmission& admission, TFault fault) {
+  if (fault == http::error::body_limit) return ProblemAnswer(413, "The body of the request is too large.");
+  const bool isHttp = fault.category() == TFault(http::error::bad_chunk).category();
+  if (isHttp || admission.BodyFile.empty()) return ProblemAnswer(400, "The body of the request is broken.");
+  return ProblemAnswer(503, "The file cannot be stored: " + fault.message());
 }
 
 // One connection and what is told of each of its requests.
@@ -81,6 +94,8 @@ class THttpSession {
   TTask<TAnswer> AnswerFrom(TRequest request, std::filesystem::path bodyFile);
   TRequest RequestOf(const THeadParser& head) const;
   bool IsPlainFromAfar() const;
+  std::optional<TAnswer> RefuseConnection(const THeadParser& head, const TRequest& request) const;
+  TTask<> Linger();
 
   TStream FStream;
   std::string FAddress;
@@ -102,6 +117,19 @@ TTask<> THttpSession::Run() {
   if (FHandedOver) co_return;
   FStream.next_layer().expires_after(kHandshakeTime);
   co_await FStream.Finish();
+  co_await Linger();
+}
+
+// A connection that is closed while something arrives is reset, and the other side may lose our answer with
+// it.
+TTask<> THttpSession::Linger() {
+  const auto end = std::chrono::steady_clock::now() + kLingerTime;
+  std::string piece(kLingerPiece, '\0');
+  for (TFault gone; !gone;) {
+    FStream.next_layer().expires_at(end);
+    const auto [fault, size] = co_await FStream.next_layer().async_read_some(asio::buffer(piece), kWithError);
+    gone = fault;
+  }
 }
 
 // Plain text may only come from this machine or from the proxy that is named.
@@ -122,6 +150,21 @@ TRequest THttpSession::RequestOf(const THeadParser& head) const {
   }
   if (!FRules.ProxyAddress.empty() && FAddress == FRules.ProxyAddress) BelieveProxy(request);
   return request;
+}
+
+// What is wrong whatever is asked for. The connection does not go on after it.
+std::optional<TAnswer> THttpSession::RefuseConnection(const THeadParser& head,
+                                                      const TRequest& request) const {
+  if (IsPlainFromAfar()) return ProblemAnswer(403, "Use HTTPS, or come through the proxy.");
+  // Another coding would leave it open where the body ends, so a part of it could pass for a request.
+  const std::string_view coding = request.Header("transfer-encoding");
+  if (!coding.empty() && SmallLetters(coding) != "chunked")
+    return ProblemAnswer(501, "A body comes as it stands or chunked.");
+  // A foreign name that leads to this machine lets the pages of that name speak with us as their own server.
+  const bool isOwn = !FStream.IsTls() && FAddress != FRules.ProxyAddress;
+  if (isOwn && head.get().count(http::field::host) > 0 && !NamesThisMachine(request.Header("host")))
+    return ProblemAnswer(421, "This server is not known by this name. Use localhost or its address.");
+  return std::nullopt;
 }
 
 TTask<bool> THttpSession::ServeRequest() {
@@ -147,9 +190,11 @@ TTask<bool> THttpSession::RefuseHead(const THeadParser& head, TFault fault) {
 }
 
 TTask<bool> THttpSession::ServeHead(THeadParser& head) {
-  if (IsPlainFromAfar())
-    co_return co_await Refuse(head, ProblemAnswer(403, "Use HTTPS, or come through the proxy."));
   TRequest request = RequestOf(head);
+  if (std::optional<TAnswer> refusal = RefuseConnection(head, request)) {
+    co_await Refuse(head, std::move(*refusal));
+    co_return false;
+  }
   if (beast::websocket::is_upgrade(head.get())) co_return co_await ServeWebSocket(head, std::move(request));
   TAdmission admission = FApi.Admit(request);
   if (admission.Refusal) co_return co_await Refuse(head, std::move(*admission.Refusal));
@@ -161,11 +206,11 @@ TTask<bool> THttpSession::ServeHead(THeadParser& head) {
 TTask<bool> THttpSession::ServeBody(THeadParser& head, TRequest request, TAdmission admission) {
   TReplyTo to = ReplyTo(head);
   const TFault fault = co_await ReadBody(head, request, admission);
-  if (fault == http::error::body_limit) {
+  if (fault && !admission.BodyFile.empty()) DropUpload(admission.BodyFile);
+  if (fault) {
     to.KeepAlive = false;
-    co_return co_await Write(to, ProblemAnswer(413, "The body of the request is too large."));
+    co_return co_await Write(to, DescribeBrokenBody(admission, fault));
   }
-  if (fault) co_return false;
   TAnswer answer = co_await AnswerFrom(std::move(request), std::move(admission.BodyFile));
   co_return co_await Write(to, std::move(answer));
 }
@@ -241,7 +286,7 @@ TTask<bool> THttpSession::WriteMessage(http::response<TBody> response, const TRe
   for (const auto& [name, value] : kSecurityHeaders) response.set(name, value);
   for (const auto& [name, value] : answer.Headers) response.set(name, value);
   response.keep_alive(to.KeepAlive);
-  FStream.next_layer().expires_after(answer.File.empty() ? kBodyTime : kFileTime);
+  FStream.next_layer().expires_after(answer.File.empty() ? kAnswerTime : kFileTime);
   const auto [fault, size] = co_await http::async_write(FStream, response, kWithError);
   co_return !fault && to.KeepAlive;
 }

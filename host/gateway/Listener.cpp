@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "host/gateway/Network.h"
+
 namespace zanhost {
 
 using asio::ip::tcp;
@@ -13,12 +15,12 @@ constexpr std::chrono::milliseconds kPauseAfterFault{50};
 // One connection in the counts, for as long as it lives.
 class TCounted {
  public:
-  TCounted(std::shared_ptr<TConnectionCounts> counts, std::string address)
-      : FCounts(std::move(counts)), FAddress(std::move(address)) {
-    ++(*FCounts)[FAddress];
+  TCounted(std::shared_ptr<TConnectionCounts> counts, std::string network)
+      : FCounts(std::move(counts)), FNetwork(std::move(network)) {
+    ++(*FCounts)[FNetwork];
   }
   ~TCounted() {
-    const auto entry = FCounts->find(FAddress);
+    const auto entry = FCounts->find(FNetwork);
     if (--entry->second == 0) FCounts->erase(entry);
   }
   TCounted(const TCounted&) = delete;
@@ -26,7 +28,7 @@ class TCounted {
 
  private:
   std::shared_ptr<TConnectionCounts> FCounts;
-  std::string FAddress;
+  std::string FNetwork;
 };
 
 // An IPv4 address that came over an IPv6 socket is written as what it is.
@@ -36,9 +38,14 @@ std::string AddressText(const asio::ip::address& address) {
   return address.to_string();
 }
 
-TTask<> ServeCounted(tcp::socket socket, std::string address, std::shared_ptr<TConnectionCounts> counts,
-                     const TConnectionRules& rules, TApi& api) {
-  const TCounted counted(std::move(counts), address);
+struct TCountedAs {
+  std::shared_ptr<TConnectionCounts> Counts;
+  std::string Network;
+};
+
+TTask<> ServeCounted(tcp::socket socket, std::string address, TCountedAs as, const TConnectionRules& rules,
+                     TApi& api) {
+  const TCounted counted(std::move(as.Counts), std::move(as.Network));
   co_await RunHttpSession(TStream(std::move(socket)), std::move(address), rules, api);
 }
 
@@ -67,12 +74,14 @@ void TListener::Take(tcp::socket socket) {
   const tcp::endpoint peer = socket.remote_endpoint(gone);
   if (gone) return;
   std::string address = AddressText(peer.address());
-  const auto open = FCounts->find(address);
+  std::string network = NetworkOf(address);
+  const auto open = FCounts->find(network);
   const bool isTooMany = open != FCounts->end() && open->second >= FMaxPerAddress;
   if (isTooMany && address != FRules.ProxyAddress) return;
   socket.set_option(tcp::no_delay(true), gone);
   const auto executor = socket.get_executor();
-  Spawn(executor, "connection", ServeCounted(std::move(socket), std::move(address), FCounts, FRules, FApi));
+  Spawn(executor, "connection",
+        ServeCounted(std::move(socket), std::move(address), {FCounts, std::move(network)}, FRules, FApi));
 }
 
 void TListener::Stop() {

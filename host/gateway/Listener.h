@@ -10,7 +10,7 @@
 
 namespace zanhost {
 
-/// Open connections by address.
+/// Open connections by network.
 using TConnectionCounts = std::map<std::string, std::size_t>;
 
 /// Takes connections and serves each beside the others.

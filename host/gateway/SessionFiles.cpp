@@ -34,6 +34,11 @@ std::optional<fs::path> PlaceForUpload(const fs::path& sessionFolder, const fs::
   return std::nullopt;
 }
 
+void DropUpload(const fs::path& place) {
+  std::error_code leftBehind;
+  fs::remove_all(place.parent_path(), leftBehind);
+}
+
 std::optional<fs::path> FindMadeFile(const fs::path& sessionFolder, const fs::path& name) {
   const fs::path file = sessionFolder / name;
   std::error_code missing;

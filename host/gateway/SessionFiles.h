@@ -15,6 +15,9 @@ std::optional<std::filesystem::path> SafeFileName(std::string_view name);
 std::optional<std::filesystem::path> PlaceForUpload(const std::filesystem::path& sessionFolder,
                                                     const std::filesystem::path& name);
 
+/// Removes what came of an upload that broke off, and gives its place back.
+void DropUpload(const std::filesystem::path& place);
+
 /// A file that the session made, by its name alone; nothing when there is none.
 std::optional<std::filesystem::path> FindMadeFile(const std::filesystem::path& sessionFolder,
                                                   const std::filesystem::path& name);

@@ -28,6 +28,9 @@ class TThrottle {
   void Begin(std::string_view key, TTime now);
   /// The try succeeded: it was none of those that count.
   void TakeBack(std::string_view key);
+  /// A try was refused because it has to wait. True for the first one since the last try, so that a storm of
+  /// them does not fill the log.
+  bool NoteRefusal(std::string_view key);
   /// Forgets what failed before.
   void Forget(std::string_view key);
 
@@ -36,11 +39,14 @@ class TThrottle {
     int Failures = 0;
     TTime Last;
     TTime Until;
+    bool WasRefused = false;
   };
+  using TEntries = std::map<std::string, TEntry, std::less<>>;
+  TEntries::iterator Find(std::string_view key);
   void DropOld(TTime now);
 
   TThrottleRule FRule;
-  std::map<std::string, TEntry, std::less<>> FEntries;
+  TEntries FEntries;
 };
 
 }  // namespace zanhost

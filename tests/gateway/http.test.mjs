@@ -82,7 +82,7 @@ describe('HTTP', () => {
       assert.match(policy, /default-src 'none'/, path)
       assert.match(policy, /script-src 'self';/)
       assert.match(policy, /frame-ancestors 'none'/)
-      assert.ok(!/script-src[^;]*unsafe/.test(policy))
+      assert.ok(!policy.includes('unsafe'))
       assert.equal(headers['x-content-type-options'], 'nosniff')
       assert.equal(headers['referrer-policy'], 'same-origin')
       assert.equal(headers['x-frame-options'], 'DENY')
