@@ -53,10 +53,12 @@ void AddLimits(CLI::App& command, TServeOptions& options) {
   AddSeconds(command, "--end-limit", options.EndLimit, "How long a session may take to end");
   command.add_option("--max-sessions", options.MaxSessions, "Logins at the same time")
       ->type_name("N")
+      ->check(CLI::PositiveNumber)
       ->capture_default_str();
   command
       .add_option("--max-connections", options.MaxConnectionsPerAddress, "Open connections of one address")
       ->type_name("N")
+      ->check(CLI::PositiveNumber)
       ->capture_default_str();
   command.add_option("--max-upload", options.MaxUpload, "Size of one uploaded file")
       ->type_name("BYTES")
@@ -76,12 +78,15 @@ void AddServeCommand(CLI::App& program, TRun& run) {
   command->footer(kExamples);
   const auto options = std::make_shared<TServeCommand>();
   AddCommonOptions(*command, options->Session);
+  // Taken as everywhere, but without an effect: the footer says so.
+  for (const char* const unused : {"--user", "--builder", "--domain"}) command->get_option(unused)->group("");
   AddListeningOptions(*command, options->Serve);
   AddLimits(*command, options->Serve);
   // For the tests of the gateway.
   command->add_option("--worker-program", options->Serve.WorkerProgram)->group("");
   command->callback([options, &run] {
     options->Serve.Data = options->Session.Data;
+    options->Serve.Trace = options->Session.Trace;
     run = [options] {
       options->Serve.Folder = FolderOfData(options->Session.Data);
       return ServeInstalled(options->Serve);

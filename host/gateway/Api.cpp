@@ -144,7 +144,7 @@ TAnswer TApi::OpenSession(const TRequest& request, const TOperator& who) {
   // The browser forgets the session that it had, so nobody could come back to it.
   if (const auto former = SessionOf(request)) former->End("ended");
   const std::optional<std::string> secret = FSessions.Open(who);
-  if (!secret) return ProblemAnswer(503, "Too many people are logged in. Try again later.");
+  if (!secret) return ProblemAnswer(503, "No more people can log in now. Try again later.");
   TAnswer answer = SessionAnswer(who);
   answer.Headers.emplace_back("Set-Cookie", SessionCookie(*secret, request.IsSecure));
   return answer;

@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <boost/asio/io_context.hpp>
+#include <boost/asio/post.hpp>
 #include <boost/asio/signal_set.hpp>
 #include <csignal>
 #include <exception>
@@ -17,6 +18,7 @@
 #include "host/gateway/StaticFiles.h"
 #include "host/gateway/TemporaryFolder.h"
 #include "host/platform/Log.h"
+#include "host/platform/Process.h"
 
 namespace zanhost {
 
@@ -33,8 +35,12 @@ TConnectionRules ConnectionRules(const TServeOptions& options) {
 
 TSessionSettings SessionSettings(const TServeOptions& options) {
   const bool isOwn = options.WorkerProgram.empty();
-  return {isOwn ? OwnProgram() : options.WorkerProgram, options.Data, options.Idle, options.Stuck,
-          options.EndLimit};
+  return {.WorkerProgram = isOwn ? OwnProgram() : options.WorkerProgram,
+          .Data = options.Data,
+          .Trace = options.Trace,
+          .Idle = options.Idle,
+          .Stuck = options.Stuck,
+          .EndLimit = options.EndLimit};
 }
 
 std::string DescribeListenFault(const TServeOptions& options, const boost::system::error_code& fault) {
@@ -53,6 +59,7 @@ class TGateway {
 
  private:
   std::unique_ptr<TListener> Listen();
+  bool IsEndedByHangup() const;
   TTask<> EndAtSignal();
   TTask<> RenewCertificateAtSignal();
   void LogLine(std::string_view outcome) { FLog.Write({{}, {}, "serve", std::string(outcome), {}}); }
@@ -76,7 +83,7 @@ TGateway::TGateway(const TServeOptions& options)
       FRules(ConnectionRules(options)),
       FWanted(ListenEndpoint(options)),
       FLog(options.Folder),
-      FLogin(FContext.get_executor(), options.Data, options.Folder, FLog),
+      FLogin(FContext.get_executor(), options, FLog),
       FSessions(FContext.get_executor(), SessionSettings(options), options.MaxSessions, FFiles.Path(), FLog),
       FStaticFiles(ClientFolder(options.Web)),
       FApi(FLogin, FSessions, FStaticFiles, options.MaxUpload),
@@ -92,23 +99,38 @@ std::unique_ptr<TListener> TGateway::Listen() {
 }
 
 void TGateway::Run() {
+  // A session takes three descriptors here, and the usual limit is 1024.
+  RaiseDescriptorLimit();
+  // Who read what is printed here may go.
+  std::signal(SIGPIPE, SIG_IGN);
   const tcp::endpoint endpoint = FListener->Endpoint();
   const std::string host = endpoint.address().is_v6() ? "[" + endpoint.address().to_string() + "]"
                                                       : endpoint.address().to_string();
   const std::string address = fmt::format("{}://{}:{}", FRules.Tls ? "https" : "http", host, endpoint.port());
   Spawn(FContext.get_executor(), "signals", EndAtSignal());
-  Spawn(FContext.get_executor(), "certificate", RenewCertificateAtSignal());
+  if (FRules.Tls) Spawn(FContext.get_executor(), "certificate", RenewCertificateAtSignal());
   Spawn(FContext.get_executor(), "sessions", FSessions.Watch());
   Spawn(FContext.get_executor(), "listener", FListener->Run());
-  LogLine("listens on " + address);
-  std::cout << "zanhost listens on " << address << std::endl;
+  // Told by the loop, behind the tasks above: by then a signal finds them waiting.
+  asio::post(FContext, [this, address] {
+    LogLine("listens on " + address);
+    std::cout << "zanhost listens on " << address << std::endl;
+  });
   FContext.run();
   LogLine("stopped");
+}
+
+// The terminal is gone. Not when a certificate is to be read again, and not for who asked to go on (nohup).
+bool TGateway::IsEndedByHangup() const {
+  struct sigaction hangup {};
+  ::sigaction(SIGHUP, nullptr, &hangup);
+  return !FRules.Tls && hangup.sa_handler != SIG_IGN;
 }
 
 // A second signal does not wait for workers: they are killed as the gateway ends.
 TTask<> TGateway::EndAtSignal() {
   asio::signal_set signals(FContext, SIGTERM, SIGINT);
+  if (IsEndedByHangup()) signals.add(SIGHUP);
   co_await signals.async_wait(kWithError);
   signals.async_wait([this](boost::system::error_code, int) { FContext.stop(); });
   FListener->Stop();

@@ -5,6 +5,7 @@
 #include <exception>
 #include <utility>
 
+#include "host/gateway/Network.h"
 #include "host/gateway/PasswordChange.h"
 #include "host/query/DataUrl.h"
 
@@ -14,7 +15,7 @@ namespace {
 
 constexpr TThrottleRule kPerLogin{3, std::chrono::seconds(60)};
 // Many people may come from one address.
-constexpr TThrottleRule kPerAddress{10, std::chrono::seconds(60)};
+constexpr TThrottleRule kPerNetwork{10, std::chrono::seconds(60)};
 constexpr std::size_t kMostAtOnce = 32;
 
 TLoginResult ResultOf(TLoginVerdict verdict) {
@@ -69,39 +70,46 @@ bool HasControlCharacter(std::string_view text) {
 
 }  // namespace
 
-TLoginDesk::TLoginDesk(asio::any_io_executor executor, std::string data, const std::filesystem::path& folder,
-                       TLog& log)
+TLoginDesk::TLoginDesk(asio::any_io_executor executor, const TServeOptions& options, TLog& log)
     : FExecutor(std::move(executor)),
-      FData(std::move(data)),
+      FOptions(options),
       FLog(log),
-      FDatabase(OpenDatabase(FData, TOpenMode::MustExist)),
-      FCipher(KeyFileOf(folder)),
+      FTrace(options.Trace.empty() ? nullptr : std::make_unique<TTrace>(options.Trace.string())),
+      FDatabase(OpenDatabase(options.Data, TOpenMode::MustExist)),
+      FCipher(KeyFileOf(options.Folder)),
       FByLogin(kPerLogin),
-      FByAddress(kPerAddress),
-      FPool(1) {}
+      FByNetwork(kPerNetwork),
+      FPool(1) {
+  FDatabase->SetTrace(FTrace.get());
+}
 
 TLoginDesk::~TLoginDesk() { FPool.join(); }
 
 std::chrono::seconds TLoginDesk::DelayOf(const TLoginTry& given) const {
   const auto now = std::chrono::steady_clock::now();
-  return std::max(FByLogin.Delay(given.Login, now), FByAddress.Delay(given.Address, now));
+  return std::max(FByLogin.Delay(given.Login, now), FByNetwork.Delay(NetworkOf(given.Address), now));
 }
 
 TTask<TLoginAnswer> TLoginDesk::Try(TLoginTry given) {
   TLoginAnswer answer = AnswerOf(TLoginResult::Slowed);
   answer.RetryAfter = DelayOf(given);
-  if (answer.RetryAfter == std::chrono::seconds::zero()) {
+  bool isNews = true;
+  if (answer.RetryAfter > std::chrono::seconds::zero()) {
+    const bool isNewsOfLogin = FByLogin.NoteRefusal(given.Login);
+    isNews = FByNetwork.NoteRefusal(NetworkOf(given.Address)) || isNewsOfLogin;
+  } else {
     answer = AnswerOf(TLoginResult::Busy);
     if (FRunning < kMostAtOnce) answer = co_await TryUnslowed(given);
   }
-  LogTry(given, answer);
+  if (isNews) LogTry(given, answer);
   co_return answer;
 }
 
 TTask<TLoginAnswer> TLoginDesk::TryUnslowed(const TLoginTry& given) {
   const auto now = std::chrono::steady_clock::now();
+  const std::string network = NetworkOf(given.Address);
   FByLogin.Begin(given.Login, now);
-  FByAddress.Begin(given.Address, now);
+  FByNetwork.Begin(network, now);
   ++FRunning;
   std::exception_ptr fault;
   TLoginOutcome outcome;
@@ -113,7 +121,7 @@ TTask<TLoginAnswer> TLoginDesk::TryUnslowed(const TLoginTry& given) {
   --FRunning;
   if (fault || outcome.Verdict != TLoginVerdict::Wrong) {
     FByLogin.TakeBack(given.Login);
-    FByAddress.TakeBack(given.Address);
+    FByNetwork.TakeBack(network);
   }
   if (fault) std::rethrow_exception(fault);
   if (outcome.Verdict == TLoginVerdict::NeedReset && !given.NewPassword.empty())
@@ -137,8 +145,9 @@ TTask<TLoginAnswer> TLoginDesk::Renew(const TLoginTry& given) {
   if (given.NewPassword == given.Password) co_return RefusedPassword("The new password is the old one.");
   if (HasControlCharacter(given.NewPassword))
     co_return RefusedPassword("A password holds no control characters.");
-  const std::optional<std::string> refusal =
-      co_await ChangePassword(FExecutor, FData, given.Login, given.NewPassword);
+  // Named, since the compiler destroys a braced temporary of an awaited call twice.
+  TPasswordChange change{FOptions.Data, FOptions.Trace, given.Login, given.NewPassword};
+  const std::optional<std::string> refusal = co_await ChangePassword(FExecutor, std::move(change));
   if (refusal) co_return RefusedPassword(*refusal);
   const TLoginOutcome outcome = co_await Check(given.Login, given.NewPassword);
   TLoginAnswer answer = AnswerOf(ResultOf(outcome.Verdict));

@@ -2,16 +2,17 @@
 
 #include <boost/asio/thread_pool.hpp>
 #include <chrono>
-#include <filesystem>
 #include <memory>
 #include <string>
 
 #include "host/gateway/Coroutines.h"
+#include "host/gateway/Options.h"
 #include "host/gateway/Session.h"
 #include "host/gateway/Throttle.h"
 #include "host/platform/Accounts.h"
 #include "host/platform/Cipher.h"
 #include "host/query/Database.h"
+#include "host/query/Trace.h"
 
 namespace zanhost {
 
@@ -48,16 +49,16 @@ struct TLoginAnswer {
 /// Checks logins against the accounts, on a thread of its own, and slows down who guesses.
 class TLoginDesk {
  public:
-  /// Raises when the data or the installation's key in `folder` cannot be opened. `log` must outlive the
-  /// object.
-  TLoginDesk(asio::any_io_executor executor, std::string data, const std::filesystem::path& folder,
-             TLog& log);
+  /// Raises when the data, the installation's key or the trace cannot be opened. `options` and `log` must
+  /// outlive the object.
+  TLoginDesk(asio::any_io_executor executor, const TServeOptions& options, TLog& log);
   /// Waits for a check that runs.
   ~TLoginDesk();
   TLoginDesk(const TLoginDesk&) = delete;
   TLoginDesk& operator=(const TLoginDesk&) = delete;
 
-  /// Writes one line to the log. Raises what the database raises.
+  /// Writes one line to the log, but of tries that come too early only the first. Raises what the database
+  /// raises.
   TTask<TLoginAnswer> Try(TLoginTry given);
 
  private:
@@ -68,12 +69,13 @@ class TLoginDesk {
   void LogTry(const TLoginTry& given, const TLoginAnswer& answer);
 
   asio::any_io_executor FExecutor;
-  std::string FData;
+  const TServeOptions& FOptions;
   TLog& FLog;
+  std::unique_ptr<TTrace> FTrace;
   std::unique_ptr<TDatabase> FDatabase;
   TSivCipher FCipher;
   TThrottle FByLogin;
-  TThrottle FByAddress;
+  TThrottle FByNetwork;
   std::size_t FRunning = 0;
   // Last, so that its thread ends before what it uses.
   asio::thread_pool FPool;

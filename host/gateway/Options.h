@@ -14,6 +14,8 @@ struct TServeOptions {
   std::string Data;
   /// The folder of the installation, which --data names: its key and its log are there.
   std::filesystem::path Folder;
+  /// --trace: every process adds the statements that it runs. Empty for none.
+  std::filesystem::path Trace;
   /// --listen ADDR:PORT, `[ADDR]:PORT` for IPv6. Port 0 takes any free one.
   std::string Listen = "127.0.0.1:8700";
   /// --tls-cert and --tls-key: PEM files, both or none.

@@ -36,11 +36,18 @@ void TLoginSession::Attach(std::shared_ptr<TPeer> peer) {
   }
 }
 
+TCommand TLoginSession::WorkerCommand() const {
+  // In one word with its option, a login that begins with a dash is no option of its own.
+  TCommand command{FSettings.WorkerProgram,
+                   {"worker", "--data", FSettings.Data, "--user=" + FOperator.Login, "--files",
+                    FFiles.string(), "--language", FOperator.Language}};
+  if (!FSettings.Trace.empty())
+    command.Arguments.insert(command.Arguments.end(), {"--trace", FSettings.Trace.string()});
+  return command;
+}
+
 void TLoginSession::StartWorker() {
-  const TCommand command{FSettings.WorkerProgram,
-                         {"worker", "--data", FSettings.Data, "--user", FOperator.Login, "--files",
-                          FFiles.string(), "--language", FOperator.Language}};
-  FWorker = TWorker::Start(FExecutor, command, FSettings.EndLimit, shared_from_this());
+  FWorker = TWorker::Start(FExecutor, WorkerCommand(), FSettings.EndLimit, shared_from_this());
   NoteQuestion();
   FAwaitsReady = true;
 }

@@ -34,6 +34,8 @@ struct TOperator {
 struct TSessionSettings {
   std::filesystem::path WorkerProgram;
   std::string Data;
+  /// Where workers add the statements that they run; empty for none.
+  std::filesystem::path Trace;
   std::chrono::seconds Idle;
   std::chrono::seconds Stuck;
   std::chrono::seconds EndLimit;
@@ -87,6 +89,7 @@ class TLoginSession final : public TWorkerOwner, public std::enable_shared_from_
   void OnWorkerComplaint(std::string line) override;
   void OnWorkerEnd(int status) override;
 
+  TCommand WorkerCommand() const;
   void StartWorker();
   void AskForSnapshot();
   void SendEvent(const TClientEvent& event);

@@ -50,7 +50,7 @@ TSessions::TSessions(asio::any_io_executor executor, TSessionSettings settings, 
 
 std::optional<std::string> TSessions::Open(TOperator who) {
   ForgetGone();
-  if (FSessions.size() >= FLimit) return std::nullopt;
+  if (FHasEnded || FSessions.size() >= FLimit) return std::nullopt;
   std::string secret = RandomHex<kSecretBytes>();
   std::string id = fmt::format("{}-{}", ++FOpened, RandomHex<kIdBytes>());
   std::filesystem::path files = FFiles / id;
@@ -81,6 +81,8 @@ TTask<> TSessions::Watch() {
 }
 
 TTask<> TSessions::EndAll(std::string_view reason) {
+  // A login that is being checked now would otherwise be waited for until somebody logs it off.
+  FHasEnded = true;
   for (const auto& [key, session] : FSessions) session->End(reason);
   asio::steady_timer timer(FExecutor);
   for (ForgetGone(); !FSessions.empty(); ForgetGone()) {

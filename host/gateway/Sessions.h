@@ -17,13 +17,14 @@ class TSessions {
   TSessions(asio::any_io_executor executor, TSessionSettings settings, std::size_t limit,
             std::filesystem::path files, TLog& log);
 
-  /// Opens a session and gives its secret for the cookie; nothing when there are too many.
+  /// Opens a session and gives its secret for the cookie; nothing when there are too many, or after EndAll.
   std::optional<std::string> Open(TOperator who);
   /// The session of a cookie's secret, null when there is none or it has ended.
   std::shared_ptr<TLoginSession> Find(std::string_view secret) const;
   /// Watches for idle and stuck sessions and forgets those that are gone. Never ends by itself.
   TTask<> Watch();
-  /// Ends every session. Returns when no worker is left, which by then are killed when they are late.
+  /// Ends every session and opens no more. Returns when no worker is left, which by then are killed when they
+  /// are late.
   TTask<> EndAll(std::string_view reason);
 
  private:
@@ -37,6 +38,7 @@ class TSessions {
   // The secret's digest is the key, so the time of a search tells nothing about secrets.
   std::map<std::string, std::shared_ptr<TLoginSession>> FSessions;
   std::uint64_t FOpened = 0;
+  bool FHasEnded = false;
 };
 
 }  // namespace zanhost

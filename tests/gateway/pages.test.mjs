@@ -51,8 +51,8 @@ describe('the page of a session', () => {
     const reply = await server.logIn(data.user, 'Right-Password-1', { language: 'en' })
     const page = await Page.open(server, reply.headers['set-cookie'][0].split(';')[0])
     const { args } = await page.report()
-    assert.deepEqual(args.filter((unused, i) => i !== 6), [
-      'worker', '--data', data.url, '--user', data.user, '--files', '--language', 'en',
+    assert.deepEqual(args.filter((unused, i) => i !== 5), [
+      'worker', '--data', data.url, `--user=${data.user}`, '--files', '--language', 'en',
     ])
     await page.close()
   })

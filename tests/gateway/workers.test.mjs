@@ -1,9 +1,11 @@
 import assert from 'node:assert/strict'
-import { existsSync, readFileSync, readdirSync, readlinkSync, utimesSync } from 'node:fs'
-import { dirname } from 'node:path'
+import { execFileSync } from 'node:child_process'
+import { closeSync, constants, existsSync, openSync, readFileSync, readdirSync, readlinkSync, rmSync, utimesSync, writeSync } from 'node:fs'
+import net from 'node:net'
+import { dirname, join } from 'node:path'
 import { after, before, describe, it } from 'node:test'
 import { Page } from './support/page.mjs'
-import { Data, Server, isRunning, until } from './support/server.mjs'
+import { Data, Server, isRunning, right, temporaryFolder, until } from './support/server.mjs'
 
 describe('the worker of a session', () => {
   let data
@@ -71,6 +73,39 @@ describe('the worker of a session', () => {
     await until(() => !isRunning(pid), 'the stubborn worker was killed')
   }))
 
+  it('belongs to a login whatever its name looks like', async () => {
+    const name = '--builder'
+    data.sql(`update STUsers set UserID = '${name}' where UserID = '${data.user}'`)
+    data.setPassword(name, right)
+    const server = await Server.start(data, { real: true })
+    try {
+      const page = await Page.open(server, await server.cookieOf(name))
+      const first = await page.snapshot()
+      const label = first.changes.find((change) => change.name === 'UserName')
+      assert.notEqual(label.text, '[ZanBuilder]')
+      await page.close()
+    } finally {
+      await server.stop()
+      data.sql(`update STUsers set UserID = '${data.user}' where UserID = '${name}'`)
+      data.setPassword(data.user, right)
+    }
+  })
+
+  it('adds its statements to the trace, as the login does, and no password', async () => {
+    const trace = join(data.folder, 'trace.jsonl')
+    const server = await Server.start(data, { real: true, args: ['--trace', trace] })
+    const page = await Page.open(server, await server.cookieOf('admin'))
+    await page.snapshot()
+    await server.logIn(data.reset, right, { newPassword: 'Traced-Password-9' })
+    await server.stop()
+    const text = readFileSync(trace, 'utf8')
+    const statements = text.trim().split('\n').map((line) => JSON.parse(line).text)
+    assert.ok(statements.some((statement) => statement.includes('from STUsers A left outer join')), 'of the login')
+    assert.ok(statements.some((statement) => statement.includes('from Tree')), 'of the worker')
+    assert.ok(statements.some((statement) => /update STUserPasswordStrategy/.test(statement)), 'of the password change')
+    for (const secret of [right, 'Traced-Password-9', 'zs1:']) assert.ok(!text.includes(secret))
+  })
+
   it('may complain: each line stands in the log, with the session', () => withServer([], async (server) => {
     const { page } = await openPage(server)
     await page.event({ do: 'complain', value: 'a word of the worker' })
@@ -115,6 +150,15 @@ describe('the worker of a session', () => {
   }))
 })
 
+/** Writes to a pipe until it takes no more. */
+function fill(pipe) {
+  try {
+    for (;;) writeSync(pipe, Buffer.alloc(1))
+  } catch (fault) {
+    if (fault.code !== 'EAGAIN') throw fault
+  }
+}
+
 describe('the end of the server', () => {
   let data
   before(() => { data = new Data() })
@@ -155,6 +199,68 @@ describe('the end of the server', () => {
     const { server, pages } = await started()
     await server.stop('SIGKILL')
     for (const { pid } of pages) await until(() => !isRunning(pid), 'the worker ended')
+  })
+
+  it('by SIGKILL ends also a worker that is stuck, after ten seconds for what it does', async () => {
+    const folder = temporaryFolder()
+    const trace = join(folder, 'trace')
+    execFileSync('mkfifo', [trace])
+    // Held open and never read: once it is full, whoever writes to it is stuck.
+    const held = openSync(trace, constants.O_RDWR | constants.O_NONBLOCK)
+    const server = await Server.start(data, { real: true, args: ['--trace', trace] })
+    const cookie = await server.cookieOf('admin')
+    fill(held)
+    const page = await Page.open(server, cookie)
+    const pid = Number(execFileSync('pgrep', ['-P', String(server.child.pid)], { encoding: 'utf8' }))
+    const killed = Date.now()
+    await server.stop('SIGKILL')
+    await new Promise((next) => setTimeout(next, 5000))
+    assert.ok(isRunning(pid), 'an operation has time to end')
+    await until(() => !isRunning(pid), 'the stuck worker ended')
+    assert.ok(Date.now() - killed < 14000)
+    await page.closed
+    closeSync(held)
+    rmSync(folder, { recursive: true })
+  })
+
+  it('comes also while somebody logs in', async () => {
+    const server = await Server.start(data, { args: ['--end-limit', '3'] })
+    const page = await Page.open(server, await server.cookieOf('admin'))
+    await page.event({ do: 'stubborn' })
+    // A connection that was there before the end; its login comes after it.
+    const body = JSON.stringify({ login: data.user, password: right })
+    const socket = net.connect(server.port, '127.0.0.1')
+    await new Promise((open) => socket.on('connect', open))
+    socket.write(`GET /healthz HTTP/1.1\r\nhost: ${server.host}\r\n\r\n`)
+    await new Promise((answered) => socket.once('data', answered))
+    const end = server.stop()
+    await page.bye()
+    socket.write(`POST /api/login HTTP/1.1\r\nhost: ${server.host}\r\norigin: ${server.origin}\r\ncontent-length: ${body.length}\r\n\r\n${body}`)
+    const answer = await new Promise((answered) => socket.once('data', (part) => answered(String(part))))
+    assert.match(answer, /^HTTP\/1\.1 503 /)
+    assert.deepEqual(await end, { code: 0, signal: null })
+    socket.destroy()
+  })
+
+  it('comes when its terminal is gone, unless it was told to go on', async () => {
+    const ended = await Server.start(data)
+    assert.deepEqual(await ended.stop('SIGHUP'), { code: 0, signal: null })
+    const stays = await Server.start(data, { under: ['sh', '-c', 'trap "" HUP; exec "$@"', 'sh'] })
+    stays.child.kill('SIGHUP')
+    assert.equal((await stays.get('/healthz')).status, 200)
+    await stays.stop()
+  })
+
+  it('leaves a worker the time that a service manager\'s signal would take from it', async () => {
+    const server = await Server.start(data, { real: true })
+    const page = await Page.open(server, await server.cookieOf('admin'))
+    await page.snapshot()
+    const pid = Number(execFileSync('pgrep', ['-P', String(server.child.pid)], { encoding: 'utf8' }))
+    process.kill(pid, 'SIGTERM')
+    await page.event({ do: 'view', window: 1, name: 'MenuTree', first: 0, last: 10 })
+    await server.stop()
+    assert.deepEqual(await page.bye(), { bye: 'stopped' })
+    assert.doesNotMatch(data.log().split('\n').slice(-8).join('\n'), /killed by signal/)
   })
 
   it('leaves no files: those of a killed server are removed by the next', async () => {

@@ -47,7 +47,7 @@ function control(line) {
   if (line.gateway === 'uploaded') changes([{ uploaded: line, content: readFileSync(line.path, 'utf8') }])
 }
 
-if (args.includes('nobody')) {
+if (args.includes('--user=nobody')) {
   write({ failed: 'This login has no console.' })
   process.exit(1)
 }

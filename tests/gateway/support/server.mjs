@@ -61,14 +61,15 @@ export function serveToEnd(args) {
 }
 
 export class Server {
-  /** `options`: `args` of the command, `real` to run real workers, `scheme`. */
-  static async start(data, { args = [], real = false, scheme = 'http' } = {}) {
+  /** `options`: `args` of the command, `under`: a command that runs it, `real` to run real workers, `scheme`. */
+  static async start(data, { args = [], real = false, scheme = 'http', under = [] } = {}) {
     const server = new Server()
     const given = (name, value) => (args.includes(name) ? [] : [name, value])
     const worker = real ? [] : given('--worker-program', fakeWorker)
     const address = given('--listen', '127.0.0.1:0')
     server.scheme = scheme
-    server.child = spawn(program, ['serve', '--data', data.url, ...address, ...worker, ...args])
+    const [command, ...words] = [...under, program, 'serve', '--data', data.url, ...address, ...worker, ...args]
+    server.child = spawn(command, words)
     server.output = ''
     server.ended = new Promise((done) => server.child.on('close', (code, signal) => done({ code, signal })))
     server.child.stderr.on('data', (part) => { server.output += part })
