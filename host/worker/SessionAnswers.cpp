@@ -1,6 +1,7 @@
 #include <boost/json/serialize.hpp>
 #include <utility>
 
+#include "host/platform/Log.h"
 #include "host/worker/SessionLoop.h"
 
 // What the session tells its client.
@@ -45,7 +46,7 @@ void TSessionLoop::AppendWindow(TWindowView& window, json::array& changes) {
   } catch (const std::exception& fault) {
     changes.resize(before);
     FBroken.insert(window.Number());
-    FUnpresentable.push_back({window.Number(), fault.what()});
+    FUnpresentable.push_back({window.Number(), OutcomeOf(fault)});
     if (OnOperation) OnOperation({window.Form().ClassName(), &fault, {}});
   }
 }

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 
+#include "host/platform/Log.h"
 #include "host/worker/Input.h"
 
 namespace zanhost {
@@ -120,10 +121,11 @@ void TSessionLoop::Perform(const TEvent& event) {
   RunHides();
 }
 
-/// A person is shown what went wrong; a script that called a function is answered.
+/// A person is shown what went wrong, of a failed statement the engine's words alone; a script that called a
+/// function is answered.
 void TSessionLoop::Fail(const TEvent& event, const std::exception& fault) {
   if (event.Do != TDo::Call) {
-    ShowFault(fault.what());
+    ShowFault(OutcomeOf(fault));
     return;
   }
   CountAsAnswered(event);

@@ -7,6 +7,7 @@
 #include <csignal>
 #include <optional>
 
+#include "host/platform/Log.h"
 #include "host/worker/ConsoleSession.h"
 #include "host/worker/EndWithGateway.h"
 #include "host/worker/MainForm.h"
@@ -80,7 +81,7 @@ int RunWorker(const TSessionOptions& options, TLineChannel& channel) {
   try {
     session.emplace(options, channel);
   } catch (const std::exception& fault) {
-    channel.Write(json::serialize(json::object{{"failed", fault.what()}}));
+    channel.Write(json::serialize(json::object{{"failed", OutcomeOf(fault)}}));
     return 1;
   }
   channel.Write(R"({"ready":true})");

@@ -109,6 +109,15 @@ TEST_F(WorkerTest, AnEntryThatThisSystemHasNoFunctionForSaysSo) {
   EXPECT_EQ(Driver->Client.Property(box, "Text", "text"), "本系统没有该菜单的功能！");
 }
 
+TEST_F(WorkerTest, OfAFailedStatementAPersonIsToldTheEnginesWordsAlone) {
+  Start("admin");
+  Installed.Database().ExecScript("alter table STDomains rename to STDomainsGone");
+  Open("域管理");
+  const int box = Driver->Client.WindowOf("TMessage");
+  ASSERT_NE(box, 0);
+  EXPECT_EQ(Driver->Client.Property(box, "Text", "text"), "no such table: STDomains");
+}
+
 TEST_F(WorkerTest, TheMainWindowCannotBeClosed) {
   Start("admin");
   Driver->CloseWindow(1);
