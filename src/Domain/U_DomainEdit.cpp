@@ -59,6 +59,7 @@ void TFormDomainEdit::InitLngResources() {
   LabelUserLimit.Text = ResString("0表示用户数没有限制!");
   EditRelateOrg.Caption = ResString("关联组织：");
   ActClearOrg.Caption = ResString("清除");
+  ActClearOrg.Hint = ResString("取消与组织的关联");
   BitBtnOk.Caption = ResString("确定");
   BitBtnCancel.Caption = ResString("取消");
 }

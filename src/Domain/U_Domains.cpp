@@ -17,16 +17,16 @@ std::string DisabledText(const TZanValue& unUsed) {
 
 std::vector<TDataSetColumn> ManagerColumns() {
   return {
-      {"名称", "UserName", 140},       {"帐号", "UserID", 120},         {"禁用", "UnUsed", 70, DisabledText},
-      {"描述", "UserDesc", 160},       {"域范围", "AuthDomains", 220},  {"创建人", "CreatorName", 120},
-      {"创建时间", "CreateTime", 150}, {"修改人", "ModifierName", 120}, {"修改时间", "ModifyTime", 150}};
+      {"名称", "UserName", 120},       {"帐号", "UserID", 110},         {"禁用", "UnUsed", 80, DisabledText},
+      {"描述", "UserDesc", 140},       {"域范围", "AuthDomains", 200},  {"创建人", "CreatorName", 110},
+      {"创建时间", "CreateTime", 165}, {"修改人", "ModifierName", 100}, {"修改时间", "ModifyTime", 165}};
 }
 
 std::vector<TDataSetColumn> AdminColumns() {
   return {
-      {"名称", "UserName", 140},       {"帐号", "UserID", 120},        {"禁用", "UnUsed", 70, DisabledText},
-      {"描述", "UserDesc", 160},       {"创建人", "CreatorName", 120}, {"创建时间", "CreateTime", 150},
-      {"修改人", "ModifierName", 120}, {"修改时间", "ModifyTime", 150}};
+      {"名称", "UserName", 120},       {"帐号", "UserID", 110},        {"禁用", "UnUsed", 80, DisabledText},
+      {"描述", "UserDesc", 140},       {"创建人", "CreatorName", 110}, {"创建时间", "CreateTime", 165},
+      {"修改人", "ModifierName", 100}, {"修改时间", "ModifyTime", 165}};
 }
 
 }  // namespace
@@ -99,20 +99,24 @@ void TFormDomains::ConnectLists() {
 void TFormDomains::InitLngResources() {
   TZanResEx::resDLLDownload();
   Caption = FTitle.Text();
-  ActRefresh.Caption = ResString("刷新");
-  ActDomainNew.Caption = ResString("新建");
-  ActDomainEdit.Caption = ResString("修改");
-  ActDomainDelete.Caption = ResString("删除");
-  ActDomainMoveUp.Caption = ResString("上移");
-  ActDomainMoveDown.Caption = ResString("下移");
-  ActExit.Caption = ResString("退出");
+  const auto name = [](TAction& action, const char* caption, const char* hint) {
+    action.Caption = ResString(caption);
+    action.Hint = ResString(hint);
+  };
+  name(ActRefresh, "刷新", "重新读取所有域");
+  name(ActDomainNew, "新建", "在所选域的下面新建一个域");
+  name(ActDomainEdit, "修改", "修改所选的域");
+  name(ActDomainDelete, "删除", "删除所选的域，该域必须为空");
+  name(ActDomainMoveUp, "上移", "把所选的域移到上一个域之前");
+  name(ActDomainMoveDown, "下移", "把所选的域移到下一个域之后");
+  name(ActExit, "退出", "关闭本窗口");
   DomainTree.Caption = ResString("域");
   DomainTree.EmptyText = ResString("没有可管理的域。");
   if (TTreeNode* root = DomainTree.FindData(kNoDomain)) root->Text = ResString("域");
   TabManagers.Caption = ResString("管理员 ");
   TabAdmin.Caption = ResString("超级用户 ");
-  ActManagerRefresh.Caption = ResString("刷新");
-  ActAdminRefresh.Caption = ResString("刷新");
+  name(ActManagerRefresh, "刷新", "重新读取该域的管理员");
+  name(ActAdminRefresh, "刷新", "重新读取超级用户");
   ListViewManagers.EmptyText = ResString("该域没有管理员。");
   ListViewAdmin.EmptyText = ResString("没有超级用户。");
   FManagerList.InitLngResources();

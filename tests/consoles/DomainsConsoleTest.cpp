@@ -245,8 +245,8 @@ TEST_F(TDomainsConsoleTest, AnotherLanguageReachesTheConsoleAndTheOpenDialogAndK
   console->Set(kDialog, "EditName", "总部");
   console->Language("en");
   EXPECT_EQ(console->Property(kConsole, "ActDomainNew", "caption"), "New");
-  EXPECT_THAT(Tree(*console), ElementsAre("Domain"));
-  EXPECT_EQ(console->Property(kDialog, "LabelTitle", "text"), "Creates a new domain.");
+  EXPECT_THAT(Tree(*console), ElementsAre("Domains"));
+  EXPECT_EQ(console->Property(kDialog, "LabelTitle", "text"), "New domain");
   EXPECT_EQ(console->Property(kDialog, "LabelDomain", "text"), "Parent domain: \\");
   console->Set(kDialog, "EditCode", "01");
   console->Act(kDialog, "BitBtnOk");
