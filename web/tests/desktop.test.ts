@@ -71,6 +71,11 @@ describe('column widths', () => {
     expect(proposedShares(wide)).toEqual({ template: 'minmax(120px, 120fr) minmax(160px, 200fr) minmax(60px, 60fr)', minimalWidth: 340 })
   })
 
+  it('leave room for their titles', () => {
+    const titled = [{ title: '名', width: 20 }, { title: 'Created by', width: 60 }]
+    expect(proposedShares(titled).template).toBe('minmax(35px, 20fr) minmax(104px, 60fr)')
+  })
+
   it('stand as a person chose them, and the last column takes the rest', () => {
     expect(chosenShares([90, 210])).toEqual({ template: '90px minmax(210px, 1fr)', minimalWidth: 300 })
   })

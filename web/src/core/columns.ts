@@ -41,13 +41,22 @@ export function chosenShares(widths: readonly number[]): ColumnShares {
 }
 
 /**
- * Widths that the console proposes: the columns share the room in their proportion, down to what can be read. The
- * first one says whose row it is and does not shrink.
+ * Widths that the console proposes: the columns share the room in their proportion, down to what can be read.
+ * The first one says whose row it is and does not shrink, and no title is cut off.
  */
 export function proposedShares(columns: readonly Column[]): ColumnShares {
-  const smallest = columns.map(({ width }, at) => (at === 0 ? width : Math.round(Math.max(width * SHRINKS_TO, Math.min(width, READABLE)))))
+  const smallest = columns.map((column, at) => Math.round(Math.max(titleWidth(column.title), at === 0 ? column.width : smallestWidth(column.width))))
   const template = columns.map(({ width }, at) => `minmax(${smallest[at]}px, ${width}fr)`).join(' ')
   return { template, minimalWidth: sum(smallest) }
+}
+
+function smallestWidth(width: number): number {
+  return Math.max(width * SHRINKS_TO, Math.min(width, READABLE))
+}
+
+/** About as wide as the title is drawn: Chinese characters are wider than letters. */
+function titleWidth(title: string): number {
+  return [...title].reduce((width, character) => width + (character > '\u2e80' ? 13 : 8.2), 22)
 }
 
 function sum(widths: readonly number[]): number {
