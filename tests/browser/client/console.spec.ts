@@ -111,6 +111,34 @@ test('consoles stand as tabs and side by side', async ({ page, address }) => {
   await expect(page.getByRole('tab', { name: '域管理' })).toHaveAttribute('aria-selected', 'true')
 })
 
+test('the menu goes and comes without making the consoles anew', async ({ page, address }) => {
+  await logIn(page, address)
+  await expect(page.getByRole('treegrid', { name: '菜单' })).toBeFocused()
+  await openKinds(page)
+  const grid = page.getByRole('grid', { name: '大列表' })
+  await grid.evaluate(element => { element.scrollTop = 3200 })
+  await page.getByRole('button', { name: '收起菜单' }).click()
+  await expect(page.getByRole('treegrid', { name: '菜单' })).toBeHidden()
+  expect(await grid.evaluate(element => element.scrollTop)).toBe(3200)
+  await page.reload()
+  await expect(grid).toBeVisible()
+  await expect(page.getByRole('treegrid', { name: '菜单' })).toBeHidden()
+  await page.getByRole('button', { name: '展开菜单' }).click()
+  await expect(page.getByRole('treegrid', { name: '菜单' })).toBeVisible()
+})
+
+test('a path is drawn as steps and copied as it is written', async ({ page, address }) => {
+  await logIn(page, address)
+  await openDomains(page)
+  const path = page.locator('.path')
+  await expect(path).toHaveText('\\顶层')
+  await row(page, '华东总部 (01)').click()
+  await page.keyboard.press('ArrowRight')
+  await row(page, '人事部 (0101)').click()
+  await expect(path).toHaveText('\\华东总部\\人事部')
+  await expect(path.locator('.path-step')).toHaveText(['华东总部', '人事部'])
+})
+
 test('Enter in an edit without a default action acts on the edit', async ({ page, address }) => {
   await logIn(page, address)
   await openKinds(page)
