@@ -6,18 +6,16 @@
 #include <regex>
 
 #include "tests/host/SourceTexts.h"
+#include "tests/support/SourceTree.h"
 
 using zanhost::TResources;
 using zantest::LiteralsOf;
+using zantest::SourceTree;
 
 namespace {
 
 // Words of the sample company and of statements are data of the tables, not texts of the program.
 const std::vector<std::string> kDataFiles = {"Sample"};
-
-std::filesystem::path SourceTree() {
-  return std::filesystem::path(__FILE__).parent_path().parent_path().parent_path();
-}
 
 std::vector<zantest::TSourceText> TextsOfTheProgram() {
   auto texts = zantest::ChineseTextsBelow(SourceTree() / "src", kDataFiles);

@@ -7,6 +7,8 @@
 #include <set>
 #include <sstream>
 
+#include "tests/support/SourceTree.h"
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -14,7 +16,7 @@ namespace fs = std::filesystem;
 using TColumns = std::set<std::string>;
 using TTables = std::map<std::string, TColumns>;
 
-const fs::path kSchema = fs::path(__FILE__).parent_path().parent_path().parent_path() / "schema";
+const fs::path kSchema = zantest::SourceTree() / "schema";
 
 std::string TextsOf(const std::string& server) {
   std::ostringstream text;
