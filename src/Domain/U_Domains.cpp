@@ -17,14 +17,14 @@ std::string DisabledText(const TZanValue& unUsed) {
 
 std::vector<TDataSetColumn> ManagerColumns() {
   return {
-      {"名称", "UserName", 120},       {"帐号", "UserID", 110},         {"禁用", "UnUsed", 80, DisabledText},
+      {"名称", "UserName", 110},       {"帐号", "UserID", 130},         {"禁用", "UnUsed", 64, DisabledText},
       {"描述", "UserDesc", 140},       {"域范围", "AuthDomains", 200},  {"创建人", "CreatorName", 110},
       {"创建时间", "CreateTime", 165}, {"修改人", "ModifierName", 100}, {"修改时间", "ModifyTime", 165}};
 }
 
 std::vector<TDataSetColumn> AdminColumns() {
   return {
-      {"名称", "UserName", 120},       {"帐号", "UserID", 110},        {"禁用", "UnUsed", 80, DisabledText},
+      {"名称", "UserName", 110},       {"帐号", "UserID", 130},        {"禁用", "UnUsed", 64, DisabledText},
       {"描述", "UserDesc", 140},       {"创建人", "CreatorName", 110}, {"创建时间", "CreateTime", 165},
       {"修改人", "ModifierName", 100}, {"修改时间", "ModifyTime", 165}};
 }

@@ -68,7 +68,7 @@ describe('column widths', () => {
   })
   it('share the room in proportion, and the first column does not shrink', () => {
     const wide = [{ title: 'a', width: 120 }, { title: 'b', width: 200 }, { title: 'c', width: 60 }]
-    expect(proposedShares(wide)).toEqual({ template: 'minmax(120px, 120fr) minmax(160px, 200fr) minmax(60px, 60fr)', minimalWidth: 340 })
+    expect(proposedShares(wide)).toEqual({ template: 'minmax(120px, 120fr) minmax(180px, 200fr) minmax(60px, 60fr)', minimalWidth: 360 })
   })
 
   it('leave room for their titles', () => {

@@ -9,7 +9,7 @@ export interface KeyValueStore {
 export const NARROWEST = 40
 
 /** Where there is too little room, a column shrinks to this share of its width, but stays readable. */
-const SHRINKS_TO = 0.8
+const SHRINKS_TO = 0.9
 const READABLE = 84
 
 /** Column widths that a person chose, by class of window and name of component. */
