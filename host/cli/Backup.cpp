@@ -7,6 +7,7 @@
 #include "host/cli/LoggedOperation.h"
 #include "host/platform/Cipher.h"
 #include "host/platform/InstalledData.h"
+#include "host/query/DataUrl.h"
 
 namespace zanhost {
 
@@ -28,8 +29,8 @@ int BackUpAndTell(const TBackupCommand& command) {
   const std::unique_ptr<TDatabase> database = OpenInstalledData(command.Common.Data);
   return RunLogged(command.Common, "backup", [&] {
     database->BackupTo(command.File);
-    fmt::print("Copied {} to {} ({} bytes). The key is apart: {}\n", command.Common.Data, command.File,
-               std::filesystem::file_size(command.File),
+    fmt::print("Copied {} to {} ({} bytes). The key is apart: {}\n", ShownDataUrl(command.Common.Data),
+               command.File, std::filesystem::file_size(command.File),
                KeyFileOf(FolderOfData(command.Common.Data)).string());
     return 0;
   });

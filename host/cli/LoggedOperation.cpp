@@ -1,6 +1,7 @@
 #include "host/cli/LoggedOperation.h"
 
 #include "host/platform/Log.h"
+#include "host/query/DataUrl.h"
 #include "host/worker/FunctionSession.h"
 
 namespace zanhost {

@@ -6,6 +6,7 @@
 #include "host/cli/PasswordInput.h"
 #include "host/platform/Accounts.h"
 #include "host/platform/FirstLogin.h"
+#include "host/query/DataUrl.h"
 #include "host/worker/HostSession.h"
 #include "host/worker/NoConsole.h"
 

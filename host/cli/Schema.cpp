@@ -19,7 +19,7 @@ int InstallAndTell(const TSessionOptions& options) {
   const std::unique_ptr<TDatabase> database = OpenDatabase(options.Data, TOpenMode::CreateIfMissing);
   const TTracing tracing(*database, options);
   return RunLogged(options, "schema", [&] {
-    fmt::print("The schema of {} is at version {}.\n", options.Data, InstallSchema(*database));
+    fmt::print("The schema of {} is at version {}.\n", ShownDataUrl(options.Data), InstallSchema(*database));
     return 0;
   });
 }

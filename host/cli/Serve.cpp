@@ -2,6 +2,7 @@
 #include "host/cli/CommonOptions.h"
 #include "host/gateway/Gateway.h"
 #include "host/platform/InstalledData.h"
+#include "host/query/DataUrl.h"
 
 namespace zanhost {
 

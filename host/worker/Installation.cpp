@@ -1,14 +1,11 @@
 #include "host/worker/Installation.h"
 
-#include <fmt/format.h>
-
 #include "host/platform/InstalledData.h"
+#include "host/query/DataUrl.h"
 
 namespace zanhost {
 
 namespace {
-
-constexpr std::string_view kFolderScheme = "sqlite:";
 
 std::unique_ptr<TDatabase> Open(const std::string& dataUrl, TTrace* trace) {
   std::unique_ptr<TDatabase> database = OpenInstalledData(dataUrl);
@@ -21,12 +18,6 @@ std::unique_ptr<TTrace> OpenTrace(const std::filesystem::path& file) {
 }
 
 }  // namespace
-
-std::filesystem::path FolderOfData(const std::string& dataUrl) {
-  if (!dataUrl.starts_with(kFolderScheme))
-    throw zanrole::EZanError(fmt::format("'{}' names no folder of an installation", dataUrl));
-  return dataUrl.substr(kFolderScheme.size());
-}
 
 TInstallation::TInstallation(const TSessionOptions& options)
     : FFolder(FolderOfData(options.Data)),

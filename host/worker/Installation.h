@@ -34,10 +34,6 @@ struct TSessionOptions {
   std::filesystem::path Module;
 };
 
-/// The folder in which an installation keeps its key, settings and log. Raises EZanError when the data URL
-/// names no folder.
-std::filesystem::path FolderOfData(const std::string& dataUrl);
-
 /// What one process has opened of an installation: database, key, texts and module.
 class TInstallation {
  public:

@@ -1,24 +1,13 @@
 #include "host/query/Sqlite/Rules.h"
 
 #include <array>
-#include <string_view>
 
 #include "Frame/Host/Classes.h"
+#include "host/query/SharedRules.h"
 
 namespace zanhost {
 
 namespace {
-
-/// Replaces the name of each call `from(` by `to`.
-bool RenameCalls(TTokens& tokens, std::string_view from, std::string_view to) {
-  bool changed = false;
-  for (std::size_t at = 0; at + 1 < tokens.size(); ++at) {
-    if (!tokens[at].IsWord(from) || !tokens[at + 1].IsOperator("(")) continue;
-    tokens[at].Text = to;
-    changed = true;
-  }
-  return changed;
-}
 
 bool IsNullToIfNull(TTokens& tokens) { return RenameCalls(tokens, "isnull", "ifnull"); }
 
@@ -56,58 +45,6 @@ bool DatabasePrefixToMain(TTokens& tokens) {
     tokens[at].Text = "main";
     const auto behindFirstDot = tokens.begin() + static_cast<std::ptrdiff_t>(at) + 2;
     tokens.erase(behindFirstDot, behindFirstDot + static_cast<std::ptrdiff_t>(length) - 1);
-    changed = true;
-  }
-  return changed;
-}
-
-/// Position of E in "ROW_NUMBER() over(order by E)" when that begins at `at`; 0 otherwise.
-std::size_t RowNumberKey(const TTokens& tokens, std::size_t at) {
-  static constexpr std::array<std::string_view, 7> kShape{"row_number", "(", ")", "over", "(", "order", "by"};
-  if (at + kShape.size() >= tokens.size()) return 0;
-  for (std::size_t i = 0; i < kShape.size(); ++i) {
-    const TToken& token = tokens[at + i];
-    if (!token.IsWord(kShape[i]) && !token.IsOperator(kShape[i])) return 0;
-  }
-  return at + kShape.size();
-}
-
-bool RowNumberOfRecursionToKey(TTokens& tokens) {
-  if (tokens.empty() || !tokens.front().IsWord("with")) return false;
-  bool changed = false;
-  int depth = 0;
-  for (std::size_t at = 0; at < tokens.size(); ++at) {
-    if (tokens[at].IsOperator("(")) ++depth;
-    if (tokens[at].IsOperator(")")) --depth;
-    const std::size_t key = depth > 0 ? RowNumberKey(tokens, at) : 0;
-    if (key == 0) continue;
-    // What stays is the key in the brackets of the window.
-    const auto first = tokens.begin() + static_cast<std::ptrdiff_t>(at);
-    const auto open = tokens.begin() + static_cast<std::ptrdiff_t>(key) - 3;
-    const std::string_view before = first->Before;
-    tokens.erase(open + 1, open + 3);
-    tokens.erase(first, open);
-    tokens[at].Before = before;
-    ++depth;
-    changed = true;
-  }
-  return changed;
-}
-
-bool EndsOperand(const TToken& token) { return token.Kind != TTokenKind::Operator || token.IsOperator(")"); }
-bool BeginsOperand(const TToken& token) {
-  return token.Kind != TTokenKind::Operator || token.IsOperator("(");
-}
-
-bool PlusOfTextsToConcatenation(TTokens& tokens) {
-  bool changed = false;
-  for (std::size_t at = 1; at + 1 < tokens.size(); ++at) {
-    if (!tokens[at].IsOperator("+")) continue;
-    const TToken& left = tokens[at - 1];
-    const TToken& right = tokens[at + 1];
-    if (!EndsOperand(left) || !BeginsOperand(right)) continue;
-    if (left.Kind == TTokenKind::Number || right.Kind == TTokenKind::Number) continue;
-    tokens[at].Text = "||";
     changed = true;
   }
   return changed;

@@ -1,0 +1,49 @@
+#include "Frame/Host/Classes.h"
+#include "host/query/MariaDb/Fault.h"
+#include "host/query/MariaDb/Rules.h"
+
+namespace zanhost {
+
+namespace {
+
+constexpr std::string_view kMultiSql = "MySql_execute_MultiSql";
+
+bool IsText(const TToken& token) {
+  return token.Kind == TTokenKind::Text || token.Kind == TTokenKind::NationalText;
+}
+
+/// "call MySql_execute_MultiSql( … )" and nothing behind it.
+bool IsMultiSqlCall(const TTokens& tokens) {
+  return tokens.size() >= 4 && tokens[0].IsWord("call") && tokens[1].IsWord(kMultiSql) &&
+         tokens[2].IsOperator("(") && ClosingBracket(tokens, 2) == tokens.size() - 1;
+}
+
+/// What stands between the brackets, a quoted text without its quotes.
+std::string ArgumentOf(const TTokens& tokens) {
+  if (tokens.size() == 5 && IsText(tokens[3])) return LiteralContent(tokens[3]);
+  for (const TToken& token : tokens) {
+    if (token.Kind == TTokenKind::Parameter)
+      throw TMariaDbFault{"A call of MySql_execute_MultiSql takes no parameters.", "parameters in a call"};
+  }
+  return TokensToText({tokens.begin() + 3, tokens.end() - 1});
+}
+
+std::string AdaptedStatements(std::string_view text) {
+  std::string adapted;
+  for (TTokens& statement : SplitStatements(text).Statements) {
+    Adapt(statement, MariaDbRules());
+    adapted += TokensToText(statement) + ";";
+  }
+  return adapted;
+}
+
+}  // namespace
+
+std::string AdaptForMariaDb(TTokens& tokens) {
+  if (IsMultiSqlCall(tokens))
+    return "call MySql_execute_MultiSql(" + zanrole::QuotedStr(AdaptedStatements(ArgumentOf(tokens))) + ")";
+  Adapt(tokens, MariaDbRules());
+  return TokensToText(tokens);
+}
+
+}  // namespace zanhost

@@ -1,0 +1,146 @@
+#include "host/query/MariaDb/Connection.h"
+
+#include <fmt/format.h>
+
+namespace zanhost {
+
+namespace {
+
+constexpr unsigned kConnectSeconds = 10;
+/// The client's own limit for one statement or row; the server's is what counts.
+constexpr unsigned long kGreatestPacket = 1UL << 30;
+
+// Texts compare byte by byte, a backslash is a character like any other, || joins texts. A statement sees
+// what others have committed when it begins, so that inserts which read the tables they write to lock no
+// ranges.
+// clang-format off
+constexpr std::string_view kConfigure =
+    "set names utf8mb4 collate utf8mb4_nopad_bin,"
+    " session sql_mode = 'STRICT_TRANS_TABLES,NO_ENGINE_SUBSTITUTION,NO_BACKSLASH_ESCAPES,PIPES_AS_CONCAT',"
+    " session tx_isolation = 'READ-COMMITTED',"
+    " session autocommit = 1,"
+    " session innodb_lock_wait_timeout = {0},"
+    " session lock_wait_timeout = {0},"
+    " session max_statement_time = {1}";
+// clang-format on
+
+}  // namespace
+
+TMariaDbConnection::TMariaDbConnection(TMariaDbUrl url) : FUrl(std::move(url)), FHandle(Connect()) {
+  Configure();
+}
+
+TMySqlHandle TMariaDbConnection::Connect() const {
+  TMySqlHandle handle(mysql_init(nullptr));
+  if (handle == nullptr) throw TMariaDbFault{"There is not enough memory for a connection.", "no memory"};
+  const my_bool off = 0;
+  const unsigned noLocalFiles = 0;
+  mysql_options(handle.get(), MYSQL_OPT_CONNECT_TIMEOUT, &kConnectSeconds);
+  mysql_options(handle.get(), MYSQL_SET_CHARSET_NAME, "utf8mb4");
+  mysql_options(handle.get(), MYSQL_OPT_RECONNECT, &off);
+  mysql_options(handle.get(), MYSQL_OPT_LOCAL_INFILE, &noLocalFiles);
+  mysql_options(handle.get(), MYSQL_OPT_MAX_ALLOWED_PACKET, &kGreatestPacket);
+  const bool local = !FUrl.Socket.empty();
+  const unsigned protocol = local ? MYSQL_PROTOCOL_SOCKET : MYSQL_PROTOCOL_TCP;
+  mysql_options(handle.get(), MYSQL_OPT_PROTOCOL, &protocol);
+  const MYSQL* connected = mysql_real_connect(
+      handle.get(), local ? nullptr : FUrl.Host.c_str(), FUrl.User.c_str(), FUrl.Password.c_str(), nullptr,
+      FUrl.Port, local ? FUrl.Socket.c_str() : nullptr, CLIENT_FOUND_ROWS | CLIENT_MULTI_RESULTS);
+  if (connected == nullptr) throw Describe(ErrorOf(handle.get()));
+  return handle;
+}
+
+void TMariaDbConnection::Configure() {
+  Exec(fmt::format(kConfigure, FLimits.Busy.count(), FLimits.Statement.count()));
+}
+
+void TMariaDbConnection::SetLimits(TMariaDbLimits limits) {
+  FLimits = limits;
+  if (!IsLost()) Configure();
+}
+
+void TMariaDbConnection::Use(const std::string& database) {
+  if (IsLost()) {
+    FDatabase.clear();
+    FHandle = Connect();
+    Configure();
+  }
+  if (FDatabase == database) return;
+  FDatabase.clear();
+  if (mysql_select_db(Handle(), database.c_str()) != 0) Raise();
+  FDatabase = database;
+}
+
+void TMariaDbConnection::Send(std::string_view text) {
+  if (mysql_real_query(Handle(), text.data(), text.size()) != 0) Raise();
+}
+
+bool TMariaDbConnection::NextResult() {
+  const int state = mysql_next_result(Handle());
+  if (state > 0) Raise();
+  return state == 0;
+}
+
+void TMariaDbConnection::Exec(std::string_view text) {
+  Send(text);
+  do {
+    const TMySqlResultHandle result(mysql_store_result(Handle()));
+    if (result == nullptr && mysql_field_count(Handle()) != 0) Raise();
+  } while (NextResult());
+}
+
+void TMariaDbConnection::Raise() { Raise(ErrorOf(Handle())); }
+
+void TMariaDbConnection::Raise(MYSQL_STMT* statement) { Raise(ErrorOf(statement)); }
+
+TMariaDbFault TMariaDbConnection::Describe(const TMariaDbError& error) const {
+  return DescribeFault(error, {FUrl.Server(), FUrl.User, static_cast<double>(FLimits.Busy.count()),
+                               static_cast<double>(FLimits.Statement.count())});
+}
+
+void TMariaDbConnection::Raise(const TMariaDbError& error) {
+  TMariaDbFault fault = Describe(error);
+  if (fault.ConnectionLost) FHandle.reset();
+  throw fault;
+}
+
+void TMariaDbConnection::BeginStatement() {
+  const std::lock_guard lock(FRunningMutex);
+  FRunningThread = mysql_thread_id(Handle());
+}
+
+void TMariaDbConnection::EndStatement() noexcept {
+  const std::lock_guard lock(FRunningMutex);
+  FRunningThread = 0;
+  if (!FInterruptSent) return;
+  FInterruptSent = false;
+  // The interrupt may have come when the statement had ended already: this one takes it in its place.
+  if (FHandle != nullptr) mysql_query(Handle(), "do 0");
+}
+
+void TMariaDbConnection::Interrupt() noexcept {
+  const std::lock_guard lock(FRunningMutex);
+  if (FRunningThread == 0) return;
+  try {
+    const TMySqlHandle killer = Connect();
+    const std::string text = fmt::format("kill query {}", FRunningThread);
+    FInterruptSent = mysql_query(killer.get(), text.c_str()) == 0;
+  } catch (const TMariaDbFault&) {
+    // A server that lets nobody in cannot be told; the limit of time ends the statement.
+  }
+}
+
+TMariaDbTransaction::TMariaDbTransaction(TMariaDbConnection& connection) : FConnection(connection) {
+  FConnection.Exec("start transaction");
+}
+
+TMariaDbTransaction::~TMariaDbTransaction() {
+  if (FOpen && !FConnection.IsLost()) mysql_query(FConnection.Handle(), "rollback");
+}
+
+void TMariaDbTransaction::Commit() {
+  FConnection.Exec("commit");
+  FOpen = false;
+}
+
+}  // namespace zanhost

@@ -1,0 +1,108 @@
+#pragma once
+
+#include <chrono>
+#include <mutex>
+#include <string>
+#include <string_view>
+
+#include "host/query/DataUrl.h"
+#include "host/query/MariaDb/Fault.h"
+#include "host/query/MariaDb/Handles.h"
+#include "host/query/MariaDb/Url.h"
+
+namespace zanhost {
+
+/// When to give up.
+struct TMariaDbLimits {
+  /// How long a session waits for another one that writes to the same rows.
+  std::chrono::seconds Busy{5};
+  /// How long one statement may run.
+  std::chrono::seconds Statement{30};
+};
+
+/// A connection to a MariaDB server, set up as the host uses it, with one database at a time in use. All
+/// members but Interrupt belong to one thread and raise TMariaDbFault.
+class TMariaDbConnection {
+ public:
+  /// Connects, with no database in use.
+  explicit TMariaDbConnection(TMariaDbUrl url);
+  TMariaDbConnection(const TMariaDbConnection&) = delete;
+  TMariaDbConnection& operator=(const TMariaDbConnection&) = delete;
+
+  const TMariaDbUrl& Url() const { return FUrl; }
+  MYSQL* Handle() { return FHandle.get(); }
+
+  /// True after the connection was lost: what was prepared on it is of no more use.
+  bool IsLost() const { return FHandle == nullptr; }
+  /// Connects anew when the connection was lost, and brings the database into use.
+  void Use(const std::string& database);
+  /// A script has brought another database into use.
+  void ForgetDatabaseInUse() { FDatabase.clear(); }
+
+  const TMariaDbLimits& Limits() const { return FLimits; }
+  void SetLimits(TMariaDbLimits limits);
+
+  /// Sends a text of one statement and waits for its first answer.
+  void Send(std::string_view text);
+  /// Runs a statement and throws its results away.
+  void Exec(std::string_view text);
+  /// Stands on the next answer of what was sent; false when there is none.
+  bool NextResult();
+
+  /// Raises the fault of a call that failed on the connection, or on a statement. A lost connection is
+  /// closed.
+  [[noreturn]] void Raise();
+  [[noreturn]] void Raise(MYSQL_STMT* statement);
+
+  /// Ends the statement that is running, by a connection of its own. From any thread.
+  void Interrupt() noexcept;
+
+ private:
+  friend class TRunningStatement;
+
+  TMySqlHandle Connect() const;
+  void Configure();
+  TMariaDbFault Describe(const TMariaDbError& error) const;
+  [[noreturn]] void Raise(const TMariaDbError& error);
+  void BeginStatement();
+  void EndStatement() noexcept;
+
+  TMariaDbUrl FUrl;
+  TMariaDbLimits FLimits;
+  TMySqlHandle FHandle;
+  std::string FDatabase;
+
+  std::mutex FRunningMutex;          ///< guards the members below
+  unsigned long FRunningThread = 0;  ///< the server's number of this connection while a statement runs
+  bool FInterruptSent = false;
+};
+
+/// Interrupt() means the statement that runs while one of these lives.
+class TRunningStatement {
+ public:
+  explicit TRunningStatement(TMariaDbConnection& connection) : FConnection(connection) {
+    FConnection.BeginStatement();
+  }
+  ~TRunningStatement() { FConnection.EndStatement(); }
+  TRunningStatement(const TRunningStatement&) = delete;
+  TRunningStatement& operator=(const TRunningStatement&) = delete;
+
+ private:
+  TMariaDbConnection& FConnection;
+};
+
+/// A transaction; taken back when the block is left without Commit.
+class TMariaDbTransaction {
+ public:
+  explicit TMariaDbTransaction(TMariaDbConnection& connection);
+  ~TMariaDbTransaction();
+  TMariaDbTransaction(const TMariaDbTransaction&) = delete;
+  TMariaDbTransaction& operator=(const TMariaDbTransaction&) = delete;
+  void Commit();
+
+ private:
+  TMariaDbConnection& FConnection;
+  bool FOpen = true;
+};
+
+}  // namespace zanhost

@@ -1,0 +1,95 @@
+#include "host/query/MariaDb/MariaDbDatabase.h"
+
+#include "host/query/MariaDb/Checks.h"
+#include "host/query/MariaDb/Helpers.h"
+#include "host/query/MariaDb/MariaDbQuery.h"
+#include "host/query/MariaDb/Script.h"
+#include "host/query/Redaction.h"
+
+namespace zanhost {
+
+using zanrole::EDatabaseError;
+
+namespace {
+
+// A server keeps some 16,000 prepared statements for all its sessions.
+constexpr std::size_t kCachedStatements = 64;
+
+std::unique_ptr<TMariaDbConnection> ConnectAndCheck(const TMariaDbUrl& url, TOpenMode mode) {
+  try {
+    auto connection = std::make_unique<TMariaDbConnection>(url);
+    CheckMariaDbServer(*connection);
+    for (const std::string& database : {url.Data, url.System}) {
+      CheckMariaDbDatabase(*connection, database, mode);
+      if (mode == TOpenMode::MustExist) CheckMariaDbRoutines(*connection, database);
+    }
+    return connection;
+  } catch (const TMariaDbFault& fault) {
+    throw EDatabaseError(fault.Message, {});
+  }
+}
+
+}  // namespace
+
+TMariaDbDatabase::TMariaDbDatabase(const TMariaDbUrl& url, TOpenMode mode)
+    : FConnection(ConnectAndCheck(url, mode)), FCache(kCachedStatements) {}
+
+std::unique_ptr<zanrole::TZANQuery> TMariaDbDatabase::GetQuery() {
+  return std::make_unique<TMariaDbQuery>(*this, /*onSystem*/ false);
+}
+std::unique_ptr<zanrole::TZANQuery> TMariaDbDatabase::GetSysQuery() {
+  return std::make_unique<TMariaDbQuery>(*this, /*onSystem*/ true);
+}
+std::unique_ptr<zanrole::TDBFieldHelper> TMariaDbDatabase::GetDBFieldHelper() {
+  return std::make_unique<TMySqlFieldHelper>();
+}
+std::unique_ptr<zanrole::TDBParamHelper> TMariaDbDatabase::GetDBParamHelper() {
+  return std::make_unique<TMySqlParamHelper>();
+}
+std::unique_ptr<zanrole::TDBObjectHelper> TMariaDbDatabase::GetDBObjectHelper() {
+  return std::make_unique<TMySqlObjectHelper>();
+}
+std::unique_ptr<zanrole::TDBTypesHelper> TMariaDbDatabase::GetDBTypesHelper() {
+  return std::make_unique<TMySqlTypesHelper>();
+}
+std::unique_ptr<zanrole::TDBFunctionsHelper> TMariaDbDatabase::GetDBFunctionsHelper() {
+  return std::make_unique<TMySqlFunctionsHelper>();
+}
+std::unique_ptr<zanrole::TSelectSQLHelper> TMariaDbDatabase::GetSelectSQLHelper() {
+  return std::make_unique<TMySqlSelectHelper>();
+}
+
+void TMariaDbDatabase::SetLimits(TMariaDbLimits limits) {
+  try {
+    FConnection->SetLimits(limits);
+  } catch (const TMariaDbFault& fault) {
+    throw EDatabaseError(fault.Message, {});
+  }
+}
+
+void TMariaDbDatabase::ExecScript(std::string_view script) {
+  std::string_view running;
+  try {
+    UseDatabase(FConnection->Url().Data);
+    const TRunningStatement interruptible(*FConnection);
+    TMariaDbTransaction transaction(*FConnection);
+    for (const std::string_view statement : SplitMariaDbScript(script)) {
+      running = statement;
+      FConnection->Exec(statement);
+    }
+    transaction.Commit();
+    FConnection->ForgetDatabaseInUse();
+  } catch (const TMariaDbFault& fault) {
+    FConnection->ForgetDatabaseInUse();
+    throw EDatabaseError(fault.Message, RedactStatement(running));
+  }
+}
+
+void TMariaDbDatabase::BackupTo(const std::string&) {
+  throw EDatabaseError(
+      "A copy of databases on a MariaDB server is made with the server's own program: mariadb-dump "
+      "--single-transaction --routines --databases DATA SYSTEM > FILE",
+      {});
+}
+
+}  // namespace zanhost

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <vector>
+
+#include "Frame/Host/Zandbs.h"
+#include "host/query/MariaDb/Handles.h"
+
+namespace zanhost {
+
+/// The value of a cell that the server gave as `length` bytes of text. Numbers become numbers; dates stay the
+/// texts that they are.
+zanrole::TZanValue ReadCell(const MYSQL_FIELD& field, const char* data, unsigned long length);
+
+/// The values of a prepared statement's parameters, in the order of its markers. The values that are bound
+/// must outlive the run.
+class TMariaDbBinding {
+ public:
+  explicit TMariaDbBinding(std::size_t markers) : FBinds(markers), FMoments(markers) {}
+  /// REQUIRES: marker is less than the number of markers.
+  void Set(std::size_t marker, const zanrole::TZanValue& value);
+  MYSQL_BIND* Binds() { return FBinds.data(); }
+
+ private:
+  std::vector<MYSQL_BIND> FBinds;
+  std::vector<std::string> FMoments;  ///< dates and times are sent as texts
+};
+
+/// Reads all rows of the result that a prepared statement stands on; false when the reading failed.
+/// REQUIRES: the result is stored at the client, with the greatest lengths of its columns.
+bool ReadRows(MYSQL_STMT* statement, const MYSQL_RES& columns, std::vector<zanrole::TZanValue>& cells);
+
+}  // namespace zanhost
