@@ -13,10 +13,11 @@ std::unique_ptr<TDatabase> OpenInstalledData(const std::string& dataUrl) {
   if (version > kSchemaVersion)
     throw zanrole::EZanError(fmt::format(
         "The data {} was made by a later version of this program (schema {}, this program knows {}).",
-        dataUrl, version, kSchemaVersion));
+        ShownDataUrl(dataUrl), version, kSchemaVersion));
   if (version < kSchemaVersion)
-    throw zanrole::EZanError(fmt::format(
-        "The data {0} lacks tables of this version. Make them with: zanhost schema --data {0}", dataUrl));
+    throw zanrole::EZanError(
+        fmt::format("The data {0} lacks tables of this version. Make them with: zanhost schema --data {0}",
+                    ShownDataUrl(dataUrl)));
   return database;
 }
 

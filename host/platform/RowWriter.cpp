@@ -3,12 +3,17 @@
 #include <fmt/format.h>
 #include <fmt/ranges.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
 namespace zanhost {
 
 namespace {
+
+constexpr std::string_view kSystemTables[] = {"Tree",   "ObjectRegister", "ExFunction", "ST_DataParams",
+                                              "MlDy",   "DjDy",           "XmDy",       "CxDy",
+                                              "CxXsDy", "ViewDy",         "WebMenu"};
 
 void SetValue(zanrole::TParam& param, const zanrole::TZanValue& value) {
   if (const auto* text = std::get_if<std::string>(&value)) return param.AsString(*text);
@@ -20,9 +25,14 @@ void SetValue(zanrole::TParam& param, const zanrole::TZanValue& value) {
 
 }  // namespace
 
+std::unique_ptr<zanrole::TZANQuery> QueryOfTable(TDatabase& database, std::string_view table) {
+  const bool ofSystem = std::ranges::find(kSystemTables, table) != std::end(kSystemTables);
+  return ofSystem ? database.GetSysQuery() : database.GetQuery();
+}
+
 TRowWriter::TRowWriter(TDatabase& database, std::string_view table,
                        std::initializer_list<std::string_view> columns)
-    : FQuery(database.GetQuery()) {
+    : FQuery(QueryOfTable(database, table)) {
   std::vector<std::string> markers;
   for (const std::string_view column : columns) markers.push_back(fmt::format(":{}", column));
   FQuery->SQL().SetText(fmt::format("insert into {} ({}) values ({})", table, fmt::join(columns, ", "),

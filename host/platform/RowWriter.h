@@ -10,6 +10,9 @@
 
 namespace zanhost {
 
+/// A query on the database that holds the table: definitions and menus lie in the system database.
+std::unique_ptr<zanrole::TZANQuery> QueryOfTable(TDatabase& database, std::string_view table);
+
 /// Inserts rows of one table one by one, by one prepared statement.
 class TRowWriter {
  public:

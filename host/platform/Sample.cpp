@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "host/platform/RowWriter.h"
 #include "host/platform/SampleAccounts.h"
 #include "host/platform/SampleDomains.h"
 #include "host/platform/SampleMenus.h"
@@ -24,17 +25,32 @@ void Execute(TDatabase& database, std::string_view statement) {
   query->ExecSQL();
 }
 
+struct TWholeStatements {
+  std::string_view Begin;
+  std::string_view Undo;
+  /// Ends what Undo leaves open; empty when it leaves nothing.
+  std::string_view EndUndo;
+  std::string_view Keep;
+};
+
+// clang-format off
+constexpr TWholeStatements kWholeSqlite{"savepoint ZanSample", "rollback to ZanSample", "release ZanSample", "release ZanSample"};
+constexpr TWholeStatements kWholeMySql {"start transaction",   "rollback",              "",                  "commit"};
+// clang-format on
+
 // The rows of a sample, all or none of them. The single statements of the writers run inside it.
 class TWholeSample {
  public:
-  explicit TWholeSample(TDatabase& database) : FDatabase(database) {
-    Execute(database, "savepoint ZanSample");
+  explicit TWholeSample(TDatabase& database)
+      : FDatabase(database),
+        FStatements(database.Dialect() == zanrole::TDialect::MySql ? kWholeMySql : kWholeSqlite) {
+    Execute(database, FStatements.Begin);
   }
   ~TWholeSample() {
     if (FKept) return;
     try {
-      Execute(FDatabase, "rollback to ZanSample");
-      Execute(FDatabase, "release ZanSample");
+      Execute(FDatabase, FStatements.Undo);
+      if (!FStatements.EndUndo.empty()) Execute(FDatabase, FStatements.EndUndo);
     } catch (const zanrole::EDatabaseError&) {
       // The engine has taken everything back itself.
     }
@@ -42,12 +58,13 @@ class TWholeSample {
   TWholeSample(const TWholeSample&) = delete;
   TWholeSample& operator=(const TWholeSample&) = delete;
   void Keep() {
-    Execute(FDatabase, "release ZanSample");
+    Execute(FDatabase, FStatements.Keep);
     FKept = true;
   }
 
  private:
   TDatabase& FDatabase;
+  const TWholeStatements& FStatements;
   bool FKept = false;
 };
 
@@ -62,7 +79,7 @@ void CheckOptions(const TSampleOptions& options) {
 
 void RefuseFilledDatabase(TDatabase& database) {
   for (const std::string_view table : kFilledTables) {
-    const auto query = database.GetQuery();
+    const auto query = QueryOfTable(database, table);
     query->SQL().SetText(fmt::format("select 1 from {} limit 1", table));
     query->Open();
     if (!query->Eof())

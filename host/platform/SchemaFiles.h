@@ -11,7 +11,9 @@ struct TSchemaFile {
   std::string_view Text;
 };
 
-/// The schema of the embedded database in the order in which it runs. Lives as long as the program.
+// The schema of the embedded database, and of MySQL's dialect, in the order in which it runs. They live as
+// long as the program.
 std::span<const TSchemaFile> SqliteSchemaFiles();
+std::span<const TSchemaFile> MySqlSchemaFiles();
 
 }  // namespace zanhost

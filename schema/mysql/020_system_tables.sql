@@ -118,3 +118,21 @@ create table if not exists WebMenu (
   expMode      tinyint,
   primary key (MID)
 ) character set utf8mb4 collate utf8mb4_nopad_bin;
+
+-- The older store of rights stands in both databases: objects that leave the registry are deleted from this one.
+create table if not exists Permission (
+  UserID     int,
+  ObjectID   int,
+  Oprate     varchar(200),
+  Permission int
+) character set utf8mb4 collate utf8mb4_nopad_bin;
+
+-- Of the host itself.
+-- Parameters that plug-ins keep: one text for each group, object and name.
+create table if not exists ZanPluginParam (
+  ParamGroup varchar(100) not null,
+  ObjectID   int not null,
+  ParamName  varchar(200) not null,
+  ParamText  longtext,
+  primary key (ParamGroup, ObjectID, ParamName)
+) character set utf8mb4 collate utf8mb4_nopad_bin;

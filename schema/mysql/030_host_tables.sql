@@ -1,4 +1,4 @@
--- Tables of the host itself, in the data database but for ZanPluginParam, which lies in the system database.
+-- Tables of the host itself in the data database.
 --
 -- Texts compare byte by byte, trailing blanks included. The server must fold the case of table names
 -- (lower_case_table_names=1): the statements name one table in several cases.
@@ -15,13 +15,4 @@ create table if not exists ZanCounter (
   Name      varchar(100) not null,
   LastValue int not null,
   primary key (Name)
-) character set utf8mb4 collate utf8mb4_nopad_bin;
-
--- Parameters that plug-ins keep: one text for each group, object and name.
-create table if not exists ZanPluginParam (
-  ParamGroup varchar(100) not null,
-  ObjectID   int not null,
-  ParamName  varchar(200) not null,
-  ParamText  longtext,
-  primary key (ParamGroup, ObjectID, ParamName)
 ) character set utf8mb4 collate utf8mb4_nopad_bin;

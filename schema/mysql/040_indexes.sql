@@ -1,4 +1,4 @@
--- Indexes that the statements want. Keys of the tables stand with the tables.
+-- Indexes of the data database that the statements want. Keys of the tables stand with the tables.
 
 -- A login belongs to one user. Roles and accounts without a login stay out of it.
 create unique index if not exists UX_STUsers_Login on STUsers (UserLogin);
@@ -47,13 +47,3 @@ create index if not exists IX_WebPermission_ObjID on WebPermission (ObjID);
 create index if not exists IX_STOAPermission_MenuID on STOAPermission (MenuID);
 create index if not exists IX_ST_msgUser_UserID on ST_msgUser (UserID);
 create index if not exists IX_ST_MsgKu_RecUserId on ST_MsgKu (RecUserId);
-
--- System database.
-create index if not exists IX_Tree_ParentID on Tree (ParentID, PrecedID);
-create index if not exists IX_Tree_ObjectID on Tree (ObjectID);
-create index if not exists IX_ObjectRegister_ObjectID on ObjectRegister (ObjectID);
-create index if not exists IX_ObjectRegister_Object on ObjectRegister (TypeID, Object);
-create index if not exists IX_ExFunction_SID on ExFunction (SType, SID, SOrder);
-create index if not exists IX_ST_DataParams_ParamName on ST_DataParams (ParamType, ParamName);
-create index if not exists IX_DjDy_DjCName on DjDy (DjCName);
-create index if not exists IX_CxDy_CxCName on CxDy (CxCName);

@@ -17,24 +17,37 @@ return now() $$
 
 -- Where the statement that begins at p_from ends: the place of its ";", or 0 when p_text ends before it does.
 -- Quotes (a doubled one closes and opens again) and comments hide what is in them.
+-- The text is looked at through a window: cutting a long text at each mark would cost the square of its length.
 create or replace function ZanStatementEnd(p_text longtext character set utf8mb4, p_from int) returns int
   deterministic no sql sql security invoker
 begin
-  declare v_at int default p_from;
-  declare v_found int;
-  declare v_mark char(1) character set utf8mb4 collate utf8mb4_bin;
+  declare v_base int default p_from;
+  declare v_window varchar(1024) character set utf8mb4 collate utf8mb4_bin;
+  declare v_in, v_found int;
+  -- What ends the hidden piece; empty outside of one.
+  declare v_mark varchar(2) character set utf8mb4 collate utf8mb4_bin default '';
   loop
-    set v_found = regexp_instr(substring(p_text, v_at), '[;''"`]|--[[:space:]]|/[*]');
-    if v_found = 0 then return 0; end if;
-    set v_at = v_at + v_found - 1, v_mark = substring(p_text, v_at, 1);
-    case v_mark
-      when ';' then return v_at;
-      when '-' then set v_found = locate(char(10 using utf8mb4), p_text, v_at);
-      when '/' then set v_found = locate('*/', p_text, v_at + 2);
-      else set v_found = locate(v_mark, p_text, v_at + 1);
-    end case;
-    if v_found = 0 then return 0; end if;
-    set v_at = v_found + if(v_mark = '/', 2, 1);
+    set v_window = substring(p_text, v_base, 1024), v_in = 1;
+    look: loop
+      if v_mark = '' then
+        set v_found = regexp_instr(substring(v_window, v_in), '[;''"`]|--[[:space:]]|/[*]');
+        if v_found = 0 then leave look; end if;
+        set v_in = v_in + v_found - 1, v_mark = substring(v_window, v_in, 1);
+        case v_mark
+          when ';' then return v_base + v_in - 1;
+          when '-' then set v_mark = char(10 using utf8mb4), v_in = v_in + 2;
+          when '/' then set v_mark = '*/', v_in = v_in + 2;
+          else set v_in = v_in + 1;
+        end case;
+      else
+        set v_found = locate(v_mark, v_window, v_in);
+        if v_found = 0 then leave look; end if;
+        set v_in = v_found + char_length(v_mark), v_mark = '';
+      end if;
+    end loop;
+    if char_length(v_window) < 1024 then return 0; end if;
+    -- A mark of several signs may lie across the end of the window: the last two are looked at again.
+    set v_base = v_base + greatest(v_in - 1, 1022);
   end loop;
 end $$
 
