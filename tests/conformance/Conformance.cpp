@@ -3,6 +3,8 @@
 namespace zantest {
 
 void Conformance::SetUp() {
+  const std::string whyNot = GetParam().WhyNot();
+  if (!whyNot.empty()) GTEST_SKIP() << whyNot;
   FEngine = GetParam().Make();
   FDatabase = FEngine->OpenSession();
   FHost = std::make_unique<TEngineHost>(*FDatabase);

@@ -35,6 +35,8 @@ class TEngine {
 
 struct TEngineDeclaration {
   std::string Name;
+  /// Why the engine cannot be used on this machine; empty when it can.
+  std::string (*WhyNot)();
   std::unique_ptr<TEngine> (*Make)();
 };
 

@@ -10,8 +10,8 @@ namespace zantest {
 /// A fresh folder that goes with the object.
 class TTemporaryFolder {
  public:
-  TTemporaryFolder() {
-    std::string pattern = (std::filesystem::temp_directory_path() / "zanXXXXXX").string();
+  explicit TTemporaryFolder(const std::filesystem::path& parent = std::filesystem::temp_directory_path()) {
+    std::string pattern = (parent / "zanXXXXXX").string();
     FPath = ::mkdtemp(pattern.data());
   }
   ~TTemporaryFolder() {

@@ -24,12 +24,15 @@ TEST_P(Conformance, ReservedWords_AreSafeWhenQuotedByTheHelper) {
 
 TEST_P(Conformance, ReservedWords_OfTheTablesCanBeColumns) {
   Engine().InstallSchema();
-  EXPECT_TRUE(Rows("select Object, Sequence from ObjectRegister, PartyH").empty());
   EXPECT_TRUE(
-      Rows("select NodeID,NodeAtt,NodeCaption,NodeLevel,ParentID,PrecedID,NodeDesc, cast(Tree.Functions as " +
-           Database().GetDBTypesHelper()->WideTextType() +
-           "(2000)) AS Functions,IconNo,ObjectID,NeedHide From Tree Where (NodeLevel<> 0) Order By NodeID ")
-          .empty());
+      Rows("select Object, Sequence from " + zanrole::GetSysDbName() + ".ObjectRegister, PartyH").empty());
+  const auto system = Database().GetSysQuery();
+  system->SQL().SetText(
+      "select NodeID,NodeAtt,NodeCaption,NodeLevel,ParentID,PrecedID,NodeDesc, cast(Tree.Functions as " +
+      Database().GetDBTypesHelper()->WideTextType() +
+      "(2000)) AS Functions,IconNo,ObjectID,NeedHide From Tree Where (NodeLevel<> 0) Order By NodeID ");
+  system->Open();
+  EXPECT_TRUE(system->Eof());
 }
 
 TEST_P(Conformance, ReservedWords_TheFirstRowOnly) {

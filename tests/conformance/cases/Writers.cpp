@@ -49,7 +49,7 @@ TEST_P(Conformance, Writers_ABusyOneWaitsAndThenSaysSo) {
   Exec("insert into Cases(ID) values(1)");
   const auto query = other->GetQuery();
   for (const std::string text :
-       {"insert into Cases(ID) values(2)", "begin insert into Cases(ID) values(2); end;"}) {
+       {"insert into Cases(ID) values(1)", "begin insert into Cases(ID) values(1); end;"}) {
     query->SQL().SetText(text);
     const auto start = std::chrono::steady_clock::now();
     try {

@@ -31,7 +31,7 @@ class TSqliteEngine final : public TEngine {
 
 INSTANTIATE_TEST_SUITE_P(Sqlite, Conformance,
                          testing::Values(TEngineDeclaration{
-                             "Sqlite",
+                             "Sqlite", [] { return std::string(); },
                              []() -> std::unique_ptr<TEngine> { return std::make_unique<TSqliteEngine>(); }}),
                          [](const auto& declared) { return declared.param.Name; });
 
