@@ -41,7 +41,7 @@ TEST(MariaDbRules, EachHasANameAndAReason) {
 
 TEST(MariaDbRules, NoneTouchesLiteralsNamesAndComments) {
   for (const std::string statement : {R"(select 'with a + b cast(c as varchar(3)) str(d) \\ \' from T)",
-                                      "select `a + b`, \"str(c)\" from T /* with d + e */",
+                                      "select `a + b`, \"str(c)\" /* with d + e */ from T",
                                       "select 'call MySql_execute_MultiSql(a + b)' from T"})
     EXPECT_EQ(Adapted(statement), Squeeze(statement));
 }

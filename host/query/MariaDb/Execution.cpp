@@ -26,6 +26,17 @@ std::vector<std::string> TakeParameters(TTokens& tokens) {
   return names;
 }
 
+/// "select *" and "a.*": what they give changes with the table.
+bool ListsAllColumns(const TTokens& tokens) {
+  for (std::size_t at = 1; at < tokens.size(); ++at) {
+    const TToken& previous = tokens[at - 1];
+    const bool beginsColumn = previous.IsWord("select") || previous.IsWord("distinct") ||
+                              previous.IsOperator(",") || previous.IsOperator(".");
+    if (tokens[at].IsOperator("*") && beginsColumn) return true;
+  }
+  return false;
+}
+
 std::string ShownMessage(const TMariaDbFault& fault, std::string_view text) {
   return fault.QuotesValues && TouchesPasswords(text) ? kHiddenMessage + fault.Kind : fault.Message;
 }
@@ -82,7 +93,10 @@ void TMariaDbDatabase::ExecuteStatement(TRun& run, TTokens& tokens, std::string 
   std::vector<std::string> paramNames = TakeParameters(adapted);
   if (paramNames.empty()) return ExecuteText(run, text);
   const auto statement = Prepare(TokensToText(adapted), std::move(paramNames));
-  if (!key.empty() && key.size() <= kGreatestCachedText) FCache.Add(std::move(key), statement);
+  // The client refuses the rows of a statement that gives another number of columns than when it was
+  // prepared.
+  const bool kept = !key.empty() && key.size() <= kGreatestCachedText && !ListsAllColumns(adapted);
+  if (kept) FCache.Add(std::move(key), statement);
   ExecutePrepared(run, *statement);
 }
 

@@ -1,7 +1,7 @@
 #include "host/query/MariaDb/Values.h"
 
+#include <algorithm>
 #include <charconv>
-#include <span>
 #include <string_view>
 
 namespace zanhost {
@@ -49,45 +49,6 @@ struct TBinder {
   }
 };
 
-/// Where the client puts one row, each cell as text.
-class TRowBuffer {
- public:
-  explicit TRowBuffer(std::span<const MYSQL_FIELD> columns)
-      : FColumns(columns),
-        FBinds(columns.size()),
-        FTexts(columns.size()),
-        FLengths(columns.size()),
-        FNulls(columns.size()) {
-    constexpr unsigned long kRoomOfNumber = 64;
-    for (std::size_t i = 0; i < columns.size(); ++i) {
-      FTexts[i].resize(std::max(columns[i].max_length, kRoomOfNumber));
-      FBinds[i].buffer_type = MYSQL_TYPE_STRING;
-      FBinds[i].buffer = FTexts[i].data();
-      FBinds[i].buffer_length = static_cast<unsigned long>(FTexts[i].size());
-      FBinds[i].length = &FLengths[i];
-      FBinds[i].is_null = &FNulls[i];
-    }
-  }
-
-  MYSQL_BIND* Binds() { return FBinds.data(); }
-
-  void TakeRow(std::vector<TZanValue>& cells) const {
-    for (std::size_t i = 0; i < FColumns.size(); ++i) {
-      if (FNulls[i] != 0)
-        cells.emplace_back();
-      else
-        cells.push_back(ReadCell(FColumns[i], FTexts[i].data(), FLengths[i]));
-    }
-  }
-
- private:
-  std::span<const MYSQL_FIELD> FColumns;
-  std::vector<MYSQL_BIND> FBinds;
-  std::vector<std::string> FTexts;
-  std::vector<unsigned long> FLengths;
-  std::vector<my_bool> FNulls;
-};
-
 }  // namespace
 
 TZanValue ReadCell(const MYSQL_FIELD& field, const char* data, unsigned long length) {
@@ -118,10 +79,26 @@ void TMariaDbBinding::Set(std::size_t marker, const TZanValue& value) {
 }
 
 bool ReadRows(MYSQL_STMT* statement, const MYSQL_RES& columns, std::vector<TZanValue>& cells) {
-  TRowBuffer row({columns.fields, columns.field_count});
-  if (mysql_stmt_bind_result(statement, row.Binds()) != 0) return false;
+  constexpr unsigned long kRoomOfNumber = 64;
+  // The cells are asked for one by one: the client refuses rows for a bound row when the table has got
+  // another column since the statement was prepared.
+  std::string text;
   int state = 0;
-  while ((state = mysql_stmt_fetch(statement)) == 0) row.TakeRow(cells);
+  while ((state = mysql_stmt_fetch(statement)) == 0) {
+    for (unsigned i = 0; i < columns.field_count; ++i) {
+      text.resize(std::max({text.size(), columns.fields[i].max_length, kRoomOfNumber}));
+      MYSQL_BIND cell{};
+      unsigned long length = 0;
+      my_bool isNull = 0;
+      cell.buffer_type = MYSQL_TYPE_STRING;
+      cell.buffer = text.data();
+      cell.buffer_length = static_cast<unsigned long>(text.size());
+      cell.length = &length;
+      cell.is_null = &isNull;
+      if (mysql_stmt_fetch_column(statement, &cell, i, 0) != 0) return false;
+      cells.push_back(isNull != 0 ? TZanValue() : ReadCell(columns.fields[i], text.data(), length));
+    }
+  }
   return state == MYSQL_NO_DATA;
 }
 
