@@ -12,16 +12,13 @@ namespace zanbench {
 
 namespace {
 
-constexpr int kRounds = 200;
-constexpr int kCallsOfRound = 500;
-
-double MicrosecondsOfRound(const TAsk& ask) {
+double MicrosecondsOfRound(const TAsk& ask, int calls) {
   std::size_t read = 0;
   const auto start = std::chrono::steady_clock::now();
-  for (int call = 0; call < kCallsOfRound; ++call) read += ask(call).size();
+  for (int call = 0; call < calls; ++call) read += ask(call).size();
   const std::chrono::duration<double, std::micro> time = std::chrono::steady_clock::now() - start;
   if (read == 0) std::fprintf(stderr, "the question has no answer\n");
-  return time.count() / kCallsOfRound;
+  return time.count() / calls;
 }
 
 /// The time that a tenth of the rounds undercut: other programs on the machine only ever make a round slower.
@@ -44,7 +41,7 @@ void PrintHead() {
   std::printf("%-40s %10s %10s %8s %15s\n", "microseconds", "candidate", "floor", "ratio", "spread");
 }
 
-bool Compare(const char* name, const TAsk& candidate, const TAsk& floor) {
+bool Compare(const char* name, const TAsk& candidate, const TAsk& floor, TEffort effort) {
   const std::string answer = floor(0);
   if (answer.empty() || answer != candidate(0)) {
     std::fprintf(stderr, "%s: candidate and floor give different answers, or none\n", name);
@@ -52,9 +49,9 @@ bool Compare(const char* name, const TAsk& candidate, const TAsk& floor) {
   }
   std::vector<double> candidateTimes;
   std::vector<double> floorTimes;
-  for (int round = 0; round < kRounds; ++round) {
-    floorTimes.push_back(MicrosecondsOfRound(floor));
-    candidateTimes.push_back(MicrosecondsOfRound(candidate));
+  for (int round = 0; round < effort.Rounds; ++round) {
+    floorTimes.push_back(MicrosecondsOfRound(floor, effort.CallsOfRound));
+    candidateTimes.push_back(MicrosecondsOfRound(candidate, effort.CallsOfRound));
   }
   const double quiet = QuietTime(candidateTimes);
   const double bare = QuietTime(floorTimes);

@@ -23,9 +23,15 @@ class TFolder {
 /// Answers the call of this number; both sides must answer alike.
 using TAsk = std::function<std::string(int call)>;
 
+/// How often each side is asked.
+struct TEffort {
+  int Rounds = 200;
+  int CallsOfRound = 500;
+};
+
 void PrintHead();
 /// Prints a line: microseconds of candidate and floor, their ratio, and the candidate's fastest and slowest
 /// round. False, and a complaint, when the two give different answers or an empty one.
-bool Compare(const char* name, const TAsk& candidate, const TAsk& floor);
+bool Compare(const char* name, const TAsk& candidate, const TAsk& floor, TEffort effort = {});
 
 }  // namespace zanbench

@@ -20,7 +20,9 @@ struct TAdaptationRule {
   bool (*Apply)(TTokens& tokens);
 };
 
-/// Applies the rules in their order; true when one of them changed the statement.
+/// Applies the rules in their order; true when one of them changed the statement. A statement that ends
+/// inside quotes is left as it is: no engine takes it, and what a rule put behind the quote would end up
+/// inside.
 bool Adapt(TTokens& tokens, std::span<const TAdaptationRule> rules);
 
 /// What one text of the module holds: one statement, or a batch.

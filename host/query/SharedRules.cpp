@@ -6,6 +6,20 @@ namespace zanhost {
 
 namespace {
 
+/// Does one expression, sorted upwards, fill the rest of the brackets that `key` stands in?
+bool IsOneAscendingKey(const TTokens& tokens, std::size_t key) {
+  int depth = 0;
+  for (std::size_t at = key; at < tokens.size(); ++at) {
+    if (tokens[at].IsOperator("(")) ++depth;
+    if (tokens[at].IsOperator(")") && --depth < 0) return at > key;
+    if (depth > 0) continue;
+    for (const std::string_view word : {"asc", "desc", "nulls", "rows", "range", "groups", "collate"})
+      if (tokens[at].IsWord(word)) return false;
+    if (tokens[at].IsOperator(",")) return false;
+  }
+  return false;
+}
+
 /// Position of E in "ROW_NUMBER() over(order by E)" when that begins at `at`; 0 otherwise.
 std::size_t RowNumberKey(const TTokens& tokens, std::size_t at) {
   static constexpr std::array<std::string_view, 7> kShape{"row_number", "(", ")", "over", "(", "order", "by"};
@@ -14,7 +28,7 @@ std::size_t RowNumberKey(const TTokens& tokens, std::size_t at) {
     const TToken& token = tokens[at + i];
     if (!token.IsWord(kShape[i]) && !token.IsOperator(kShape[i])) return 0;
   }
-  return at + kShape.size();
+  return IsOneAscendingKey(tokens, at + kShape.size()) ? at + kShape.size() : 0;
 }
 
 bool EndsOperand(const TToken& token) { return token.Kind != TTokenKind::Operator || token.IsOperator(")"); }

@@ -9,105 +9,108 @@ namespace zanhost {
 
 namespace {
 
-bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == '\f' || c == '\v'; }
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-bool IsWordStart(char c) {
-  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' || c == '#' || c == '@' ||
-         static_cast<unsigned char>(c) >= 0x80;
+// What a character may be; one can be several.
+constexpr unsigned char kBlank = 1;
+constexpr unsigned char kDigit = 2;
+constexpr unsigned char kWordStart = 4;
+constexpr unsigned char kWord = 8;
+constexpr unsigned char kDot = 16;
+
+constexpr unsigned char ClassesOf(unsigned char c) {
+  if (c == ' ' || (c >= '\t' && c <= '\r')) return kBlank;
+  if (c >= '0' && c <= '9') return kDigit | kWord;
+  if (c == '$') return kWord;
+  if (c == '.') return kDot;
+  const bool letter = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c >= 0x80;
+  return letter || c == '_' || c == '#' || c == '@' ? kWordStart | kWord : 0;
 }
-bool IsWordChar(char c) { return IsWordStart(c) || IsDigit(c) || c == '$'; }
 
-class TScanner {
- public:
-  explicit TScanner(std::string_view text) : FText(text) {}
+constexpr std::array<unsigned char, 256> kClasses = [] {
+  std::array<unsigned char, 256> classes{};
+  for (std::size_t c = 0; c < classes.size(); ++c) classes[c] = ClassesOf(static_cast<unsigned char>(c));
+  return classes;
+}();
 
-  TTokens Run() {
-    TTokens tokens;
-    tokens.reserve(FText.size() / 5 + 4);
-    for (;;) {
-      const std::size_t start = FAt;
-      SkipBlanksAndComments();
-      if (FAt >= FText.size()) return tokens;
-      const std::size_t begin = FAt;
-      TToken token;
-      token.Kind = TakeToken(tokens.empty() ? nullptr : &tokens.back());
-      token.Before = FText.substr(start, begin - start);
-      token.Text = FText.substr(begin, FAt - begin);
-      tokens.push_back(token);
-    }
-  }
-
- private:
-  char Peek(std::size_t ahead = 0) const { return FAt + ahead < FText.size() ? FText[FAt + ahead] : '\0'; }
-
-  void SkipBehind(std::string_view end, std::size_t from) {
-    const std::size_t found = FText.find(end, from);
-    FAt = found == std::string_view::npos ? FText.size() : found + end.size();
-  }
-
-  void SkipBlanksAndComments() {
-    while (FAt < FText.size()) {
-      if (IsBlank(Peek())) {
-        ++FAt;
-      } else if (Peek() == '-' && Peek(1) == '-') {
-        SkipBehind("\n", FAt + 2);
-      } else if (Peek() == '/' && Peek(1) == '*') {
-        SkipBehind("*/", FAt + 2);
-      } else {
-        return;
-      }
-    }
-  }
-
-  /// Takes a quoted piece whose closing sign stands for itself when doubled.
-  void TakeQuoted(char close) {
-    ++FAt;
-    while (FAt < FText.size()) {
-      if (FText[FAt++] != close) continue;
-      if (Peek() != close) return;
-      ++FAt;
-    }
-  }
-
-  template <typename TPredicate>
-  void TakeWhile(TPredicate holds) {
-    while (FAt < FText.size() && holds(FText[FAt])) ++FAt;
-  }
-
-  TTokenKind TakeToken(const TToken* previous) {
-    const char c = Peek();
-    if (c == '\'') return TakeQuoted('\''), TTokenKind::Text;
-    if ((c == 'N' || c == 'n') && Peek(1) == '\'') return ++FAt, TakeQuoted('\''), TTokenKind::NationalText;
-    if (c == '"' || c == '`') return TakeQuoted(c), TTokenKind::QuotedName;
-    if (c == '[') return TakeQuoted(']'), TTokenKind::QuotedName;
-    if (IsWordStart(c)) return TakeWhile(IsWordChar), TTokenKind::Word;
-    if (c == ':' && IsWordChar(Peek(1))) return ++FAt, TakeWhile(IsWordChar), TTokenKind::Parameter;
-    const bool behindName = previous != nullptr && (previous->IsName() || previous->IsOperator("."));
-    if (IsDigit(c) || (c == '.' && IsDigit(Peek(1)) && !behindName)) return TakeNumber(), TTokenKind::Number;
-    return TakeOperator(), TTokenKind::Operator;
-  }
-
-  void TakeNumber() {
-    TakeWhile([](char c) { return IsWordChar(c) || c == '.'; });
-    const char last = FText[FAt - 1];
-    const bool exponent =
-        (last == 'e' || last == 'E') && (Peek() == '+' || Peek() == '-') && IsDigit(Peek(1));
-    if (!exponent) return;
-    ++FAt;
-    TakeWhile(IsDigit);
-  }
-
-  void TakeOperator() {
-    static constexpr std::array<std::string_view, 7> kPairs{"<>", "<=", ">=", "!=", "==", "||", ":="};
-    const std::string_view pair = FText.substr(FAt, 2);
-    FAt += std::find(kPairs.begin(), kPairs.end(), pair) != kPairs.end() ? 2 : 1;
-  }
-
-  std::string_view FText;
-  std::size_t FAt = 0;
-};
+bool Is(char c, unsigned char classes) { return (kClasses[static_cast<unsigned char>(c)] & classes) != 0; }
 
 }  // namespace
+
+bool TTokenScanner::Next(TToken& token) {
+  const char* const start = FAt;
+  SkipBlanksAndComments();
+  if (FAt == FEnd) return false;
+  const char* const begin = FAt;
+  token.Kind = TakeToken();
+  token.Before = {start, begin};
+  token.Text = {begin, FAt};
+  FBehindName = token.IsName() || (token.Kind == TTokenKind::Operator && *begin == '.');
+  return true;
+}
+
+void TTokenScanner::SkipBehind(std::string_view end, const char* from) {
+  const char* const found = std::search(from, FEnd, end.begin(), end.end());
+  FAt = found == FEnd ? FEnd : found + end.size();
+}
+
+void TTokenScanner::SkipBlanksAndComments() {
+  for (;;) {
+    TakeWhile(kBlank);
+    if (Peek() == '-' && Peek(1) == '-') {
+      SkipBehind("\n", FAt + 2);
+    } else if (Peek() == '/' && Peek(1) == '*') {
+      SkipBehind("*/", FAt + 2);
+    } else {
+      return;
+    }
+  }
+}
+
+/// Takes a quoted piece whose closing sign stands for itself when doubled.
+void TTokenScanner::TakeQuoted(char close) {
+  ++FAt;
+  while (FAt != FEnd) {
+    if (*FAt++ != close) continue;
+    if (Peek() != close) return;
+    ++FAt;
+  }
+}
+
+void TTokenScanner::TakeWhile(unsigned char classes) {
+  const char* at = FAt;
+  while (at != FEnd && Is(*at, classes)) ++at;
+  FAt = at;
+}
+
+TTokenKind TTokenScanner::TakeToken() {
+  const char c = Peek();
+  if (c == '\'') return TakeQuoted('\''), TTokenKind::Text;
+  if ((c == 'N' || c == 'n') && Peek(1) == '\'') return ++FAt, TakeQuoted('\''), TTokenKind::NationalText;
+  if (Is(c, kWordStart)) return TakeWhile(kWord), TTokenKind::Word;
+  if (c == '"' || c == '`') return TakeQuoted(c), TTokenKind::QuotedName;
+  if (c == '[') return TakeQuoted(']'), TTokenKind::QuotedName;
+  if (c == ':' && Is(Peek(1), kWord)) return ++FAt, TakeWhile(kWord), TTokenKind::Parameter;
+  if (Is(c, kDigit) || (c == '.' && Is(Peek(1), kDigit) && !FBehindName))
+    return TakeNumber(), TTokenKind::Number;
+  return TakeOperator(), TTokenKind::Operator;
+}
+
+void TTokenScanner::TakeNumber() {
+  TakeWhile(kWord | kDot);
+  const char last = FAt[-1];
+  const bool exponent =
+      (last == 'e' || last == 'E') && (Peek() == '+' || Peek() == '-') && Is(Peek(1), kDigit);
+  if (!exponent) return;
+  ++FAt;
+  TakeWhile(kDigit);
+}
+
+void TTokenScanner::TakeOperator() {
+  const char first = *FAt++;
+  const char second = Peek();
+  const bool isPair = second == '=' ? std::string_view("<>!=:").find(first) != std::string_view::npos
+                                    : (first == '<' && second == '>') || (first == '|' && second == '|');
+  if (isPair) ++FAt;
+}
 
 bool TToken::IsWord(std::string_view word) const {
   return Kind == TTokenKind::Word && zanrole::SameText(Text, word);
@@ -118,7 +121,13 @@ std::string_view TToken::Name() const {
   return quoted ? Text.substr(1, Text.size() - 2) : Text;
 }
 
-TTokens Tokenize(std::string_view statement) { return TScanner(statement).Run(); }
+TTokens Tokenize(std::string_view statement) {
+  TTokens tokens;
+  tokens.reserve(statement.size() / 5 + 4);
+  TTokenScanner scanner(statement);
+  for (TToken token; scanner.Next(token);) tokens.push_back(token);
+  return tokens;
+}
 
 std::string TokensToText(const TTokens& tokens) {
   std::size_t size = 0;
@@ -127,6 +136,19 @@ std::string TokensToText(const TTokens& tokens) {
   text.reserve(size);
   for (const TToken& token : tokens) text.append(token.Before).append(token.Text);
   return text;
+}
+
+bool EndsInsideQuotes(const TTokens& tokens) {
+  if (tokens.empty()) return false;
+  const TToken& last = tokens.back();
+  if (last.Kind != TTokenKind::Text && last.Kind != TTokenKind::NationalText &&
+      last.Kind != TTokenKind::QuotedName)
+    return false;
+  // Inside the quotes the closing sign stands doubled.
+  const char opening = last.Text[last.Kind == TTokenKind::NationalText ? 1 : 0];
+  const char close = opening == '[' ? ']' : opening;
+  const auto signs = std::count(last.Text.begin(), last.Text.end(), close);
+  return signs % 2 == (opening == '[' ? 0 : 1);
 }
 
 std::size_t ClosingBracket(const TTokens& tokens, std::size_t open) {

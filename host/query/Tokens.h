@@ -33,12 +33,38 @@ struct TToken {
 
 using TTokens = std::vector<TToken>;
 
-/// The tokens of a statement; blanks and comments behind the last one are left out. Never fails: what has no
-/// end (a quote, a comment) reaches to the end of the text. The result lives no longer than `statement`.
+/// Reads a text token by token. Never fails: what has no end (a quote, a comment) reaches to the end of the
+/// text. The tokens live no longer than the text.
+class TTokenScanner {
+ public:
+  explicit TTokenScanner(std::string_view text) : FAt(text.data()), FEnd(text.data() + text.size()) {}
+  /// False when only blanks and comments are left; the token is then not touched.
+  bool Next(TToken& token);
+
+ private:
+  char Peek(std::ptrdiff_t ahead = 0) const { return FEnd - FAt > ahead ? FAt[ahead] : '\0'; }
+  void SkipBehind(std::string_view end, const char* from);
+  void SkipBlanksAndComments();
+  void TakeQuoted(char close);
+  void TakeWhile(unsigned char classes);
+  void TakeNumber();
+  void TakeOperator();
+  TTokenKind TakeToken();
+
+  const char* FAt;
+  const char* FEnd;
+  /// The token before was a name or a dot, behind which a dot begins no number.
+  bool FBehindName = false;
+};
+
+/// The tokens of a statement; blanks and comments behind the last one are left out.
 TTokens Tokenize(std::string_view statement);
 
 /// The text that the tokens make.
 std::string TokensToText(const TTokens& tokens);
+
+/// Is a text or a quoted name at the end without its closing quote?
+bool EndsInsideQuotes(const TTokens& tokens);
 
 /// Position of the bracket that closes the one at `open`; tokens.size() when nothing closes it.
 /// REQUIRES: tokens[open] is "(".

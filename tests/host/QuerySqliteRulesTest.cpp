@@ -59,6 +59,7 @@ TEST(SqliteRules, Left) {
 
 TEST(SqliteRules, NationalText) {
   EXPECT_EQ(Apply("national-text", "select N'域', n'b' from N"), "select '域', 'b' from N");
+  EXPECT_EQ(Apply("national-text", "select 'a'N'b'"), "select 'a' 'b'");
 }
 
 TEST(SqliteRules, DatabasePrefix) {
@@ -74,6 +75,10 @@ TEST(SqliteRules, RecursiveRowNumber) {
             "with T as ( select str(ROW_NUMBER() over(order by a.PrecedID), 10) n from a ) select n from T"),
       "with T as ( select str(( a.PrecedID), 10) n from a ) select n from T");
   EXPECT_EQ(Apply("recursive-row-number", "select ROW_NUMBER() over(order by a) from T"), "(unchanged)");
+  for (const std::string key : {"a desc", "a, b", "a collate binary"})
+    EXPECT_EQ(Apply("recursive-row-number",
+                    "with T as (select ROW_NUMBER() over(order by " + key + ") n from a) select n from T"),
+              "(unchanged)");
   EXPECT_EQ(
       Apply("recursive-row-number", "with T as (select 1 n) select ROW_NUMBER() over(order by n) from T"),
       "(unchanged)");
@@ -128,6 +133,11 @@ TEST(SqliteRules, UpdateFromByAliasByOwnNameAndAlone) {
             "update T set F = 1 from U where ( T.x = U.x )");
   EXPECT_EQ(Apply("update-from", "update T set F = 1 from T a where a.x = 2"),
             "update T as a set F = 1 where ( a.x = 2 )");
+}
+
+TEST(SqliteRules, UpdateFromJoinsNoWords) {
+  EXPECT_EQ(Apply("update-from", "update T set F = 1 from T a,U b where(a.x = b.x)"),
+            "update T as a set F = 1 from U b where ( (a.x = b.x) )");
 }
 
 TEST(SqliteRules, UpdateFromLeavesOtherUpdates) {

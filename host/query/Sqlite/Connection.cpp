@@ -83,6 +83,8 @@ void TSqliteConnection::Configure() {
   // A name in double quotes that no column has is an error, not a text.
   sqlite3_db_config(Handle(), SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
   sqlite3_db_config(Handle(), SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
+  // Statements are kept for other values: none is planned, or planned anew, for the values it has at first.
+  sqlite3_db_config(Handle(), SQLITE_DBCONFIG_ENABLE_QPSG, 1, nullptr);
   Check(RegisterFunctions(Handle()));
   if (sqlite3_db_readonly(Handle(), "main") == 0) SwitchToWriteAheadLog();
   // What is acknowledged survives a loss of power.

@@ -1,3 +1,7 @@
+#include <algorithm>
+#include <charconv>
+
+#include "host/query/Adaptation.h"
 #include "host/query/Redaction.h"
 #include "host/query/Sqlite/Rules.h"
 #include "host/query/Sqlite/SqliteDatabase.h"
@@ -8,7 +12,7 @@ namespace zanhost {
 using zanrole::TZanValue;
 
 void TSqliteDatabase::Run(zanrole::TZANQuery& query, std::string_view database, zanrole::TDataSet* result) {
-  TRun run{query, database, query.SQL().Text(), result, false, {}};
+  TRun run{query, database, query.SQL().Text(), result};
   const bool traced = FTrace != nullptr;
   const auto start = traced ? std::chrono::steady_clock::now() : std::chrono::steady_clock::time_point();
   const sqlite3_int64 changesBefore = sqlite3_total_changes64(FConnection.Handle());
@@ -24,42 +28,36 @@ void TSqliteDatabase::Run(zanrole::TZANQuery& query, std::string_view database, 
 
 void TSqliteDatabase::Execute(TRun& run) {
   FConnection.BeginStatement();
-  if (const auto cached = FCache.Find(run.Text)) return ExecuteStatement(run, *cached);
-  TStatementTexts texts = SplitStatements(run.Text);
-  if (texts.IsBatch) return ExecuteBatch(run, texts);
-  if (texts.Statements.empty()) throw TSqliteFault{"There is no statement.", "no statement"};
-  const auto statement = Prepare(texts.Statements.front(), true);
-  if (run.Result != nullptr && sqlite3_column_count(statement->Handle.get()) == 0)
-    throw TSqliteFault{"The statement gives no result.", "no result"};
-  FCache.Add(run.Text, statement);
-  ExecuteStatement(run, *statement);
+  if (const TRepeatedTexts::TKnown* known = FRepeated.Find(run.Text))
+    return ExecuteSingle(run, *known->Statement, known->Shape.Literals);
+  TStatementReader reader(run.Text);
+  const bool hasStatement = reader.Read(FShape);
+  if (reader.IsBatch()) return ExecuteBatch(run, reader, hasStatement);
+  if (!hasStatement) throw TSqliteFault{"There is no statement.", "no statement"};
+  const auto statement = FindStatement();
+  ExecuteSingle(run, *statement, FShape.Literals);
+  FRepeated.Note(run.Text, statement);
 }
 
-void TSqliteDatabase::ExecuteBatch(TRun& run, TStatementTexts& texts) {
+void TSqliteDatabase::ExecuteSingle(TRun& run, TPreparedStatement& statement, const TTokens& literals) {
+  if (run.Result != nullptr && sqlite3_column_count(statement.Handle.get()) == 0)
+    throw TSqliteFault{"The statement gives no result.", "no result"};
+  ExecuteStatement(run, statement, literals);
+}
+
+void TSqliteDatabase::ExecuteBatch(TRun& run, TStatementReader& reader, bool hasStatement) {
   TSqliteTransaction transaction(FConnection);
-  for (TTokens& tokens : texts.Statements) ExecuteStatement(run, *Prepare(tokens, false));
+  for (; hasStatement; hasStatement = reader.Read(FShape))
+    ExecuteStatement(run, *FindStatement(), FShape.Literals);
+  if (reader.LacksEnd()) throw TSqliteFault{"The batch has a begin without an end.", "no end"};
   if (run.Result != nullptr && !run.HasResult)
     throw TSqliteFault{"None of the statements gives a result.", "no result"};
   transaction.Commit();
 }
 
-std::shared_ptr<TPreparedStatement> TSqliteDatabase::Prepare(TTokens& tokens, bool persistent) {
-  auto statement = std::make_shared<TPreparedStatement>();
-  const bool adapted = Adapt(tokens, SqliteRules());
-  std::string text = TokensToText(tokens);
-  statement->Handle = FConnection.Prepare(text, persistent);
-  if (adapted || !persistent) statement->Sent = std::move(text);
-  for (int i = 1; i <= sqlite3_bind_parameter_count(statement->Handle.get()); ++i) {
-    const char* name = sqlite3_bind_parameter_name(statement->Handle.get(), i);
-    statement->ParamNames.emplace_back(name != nullptr ? name + 1 : "");
-  }
-  return statement;
-}
-
-void TSqliteDatabase::ExecuteStatement(TRun& run, TPreparedStatement& statement) {
-  if (FTrace != nullptr && !statement.Sent.empty())
-    run.Sent += (run.Sent.empty() ? "" : ";\n") + statement.Sent;
-  if (!statement.ParamNames.empty()) Bind(statement, run.Query.Params());
+void TSqliteDatabase::ExecuteStatement(TRun& run, TPreparedStatement& statement, const TTokens& literals) {
+  ++run.Started;
+  if (!statement.Sources.empty()) Bind(statement, run.Query, literals);
   const TStatementReset reset(statement.Handle.get());
   const bool givesRows = sqlite3_column_count(statement.Handle.get()) > 0;
   if (givesRows && run.Result != nullptr && !run.HasResult) return ReadResult(run, statement);
@@ -78,15 +76,27 @@ struct TBinder {
   int operator()(std::int64_t number) const { return sqlite3_bind_int64(Statement, Index, number); }
   int operator()(double number) const { return sqlite3_bind_double(Statement, Index, number); }
   int operator()(bool truth) const { return sqlite3_bind_int(Statement, Index, truth ? 1 : 0); }
-  int operator()(const std::string& text) const { return BindText(text, SQLITE_STATIC); }
+  int operator()(std::string_view text) const { return BindText(text, SQLITE_STATIC); }
   int operator()(zanrole::TDateTime time) const {
     return BindText(zanrole::DateTimeToText(time), SQLITE_TRANSIENT);
   }
 
-  int BindText(const std::string& text, sqlite3_destructor_type keep) const {
+  int BindText(std::string_view text, sqlite3_destructor_type keep) const {
     return sqlite3_bind_text64(Statement, Index, text.data(), text.size(), keep, SQLITE_UTF8);
   }
 };
+
+int BindLiteral(const TBinder& binder, const TToken& literal) {
+  if (literal.Kind == TTokenKind::Number) {
+    std::int64_t number = 0;
+    std::from_chars(literal.Text.data(), literal.Text.data() + literal.Text.size(), number);
+    return binder(number);
+  }
+  const std::size_t open = literal.Text.find('\'') + 1;
+  const std::string_view written = literal.Text.substr(open, literal.Text.size() - open - 1);
+  if (written.find('\'') == std::string_view::npos) return binder(written);
+  return binder.BindText(LiteralContent(literal), SQLITE_TRANSIENT);
+}
 
 TZanValue ReadCell(sqlite3_stmt* statement, int column) {
   switch (sqlite3_column_type(statement, column)) {
@@ -104,6 +114,9 @@ TZanValue ReadCell(sqlite3_stmt* statement, int column) {
                      static_cast<std::size_t>(sqlite3_column_bytes(statement, column)));
 }
 
+/// Room for the values of most results.
+constexpr std::size_t kUsualValues = 16;
+
 /// Reads the names of the columns when the engine has prepared the statement anew since they were read.
 void RefreshColumns(TPreparedStatement& statement) {
   sqlite3_stmt* const handle = statement.Handle.get();
@@ -117,18 +130,25 @@ void RefreshColumns(TPreparedStatement& statement) {
 
 }  // namespace
 
-void TSqliteDatabase::Bind(TPreparedStatement& statement, zanrole::TParams& params) {
+void TSqliteDatabase::Bind(TPreparedStatement& statement, zanrole::TZANQuery& query,
+                           const TTokens& literals) {
   static const TZanValue kNull;
-  for (std::size_t i = 0; i < statement.ParamNames.size(); ++i) {
-    const zanrole::TParam* param = params.Find(statement.ParamNames[i]);
-    const TBinder binder{statement.Handle.get(), static_cast<int>(i) + 1};
-    FConnection.Check(std::visit(binder, param != nullptr ? param->Value() : kNull));
+  TBinder binder{statement.Handle.get(), 0};
+  for (const TPreparedStatement::TSource& source : statement.Sources) {
+    ++binder.Index;
+    if (source.Literal != TPreparedStatement::TSource::NoLiteral) {
+      FConnection.Check(BindLiteral(binder, literals[source.Literal]));
+    } else {
+      const zanrole::TParam* param = query.Params().Find(source.Name);
+      FConnection.Check(std::visit(binder, param != nullptr ? param->Value() : kNull));
+    }
   }
 }
 
 void TSqliteDatabase::ReadResult(TRun& run, TPreparedStatement& statement) {
   sqlite3_stmt* const handle = statement.Handle.get();
   std::vector<TZanValue> cells;
+  cells.reserve(kUsualValues);
   bool row = FConnection.Step(handle);
   RefreshColumns(statement);
   const int columns = static_cast<int>(statement.Columns.size());
@@ -143,13 +163,32 @@ void TSqliteDatabase::ReadResult(TRun& run, TPreparedStatement& statement) {
   run.HasResult = true;
 }
 
+namespace {
+
+/// What the first `count` statements of a text were adapted to, with the literals in their places; empty for
+/// a single statement that no rule changed.
+std::string SentTexts(std::string_view text, std::size_t count) {
+  TStatementTexts texts = SplitStatements(text);
+  texts.Statements.resize(std::min(texts.Statements.size(), count));
+  bool differs = texts.IsBatch;
+  std::string sent;
+  for (TTokens& tokens : texts.Statements) {
+    differs = Adapt(tokens, SqliteRules()) || differs;
+    sent += (sent.empty() ? "" : ";\n") + TokensToText(tokens);
+  }
+  return differs ? sent : std::string();
+}
+
+}  // namespace
+
 void TSqliteDatabase::TraceRun(const TRun& run, std::chrono::steady_clock::time_point start,
                                sqlite3_int64 changesBefore, const TSqliteFault* fault) {
   const auto time = std::chrono::steady_clock::now() - start;
   TTraceEntry entry;
   entry.Database = run.Database;
   entry.Text = run.Text;
-  entry.Sent = run.Sent;
+  const std::string sent = SentTexts(run.Text, run.Started);
+  entry.Sent = sent;
   entry.Params = &run.Query.Params();
   entry.Rows =
       run.HasResult ? run.Result->RowCount() : sqlite3_total_changes64(FConnection.Handle()) - changesBefore;

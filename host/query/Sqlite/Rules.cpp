@@ -19,6 +19,8 @@ bool NationalTextToText(TTokens& tokens) {
     if (token.Kind != TTokenKind::NationalText) continue;
     token.Kind = TTokenKind::Text;
     token.Text.remove_prefix(1);
+    // 'a'N'b' must not become one text.
+    if (token.Before.empty()) token.Before = " ";
     changed = true;
   }
   return changed;
@@ -43,6 +45,8 @@ bool DatabasePrefixToMain(TTokens& tokens) {
     if (length == 0) continue;
     tokens[at].Kind = TTokenKind::Word;
     tokens[at].Text = "main";
+    // 5[db]..t must not become one word.
+    if (tokens[at].Before.empty() && at > 0) tokens[at].Before = " ";
     const auto behindFirstDot = tokens.begin() + static_cast<std::ptrdiff_t>(at) + 2;
     tokens.erase(behindFirstDot, behindFirstDot + static_cast<std::ptrdiff_t>(length) - 1);
     changed = true;

@@ -4,11 +4,12 @@
 #include <memory>
 #include <string>
 
-#include "host/query/Adaptation.h"
 #include "host/query/DataUrl.h"
 #include "host/query/Database.h"
 #include "host/query/Sqlite/Connection.h"
+#include "host/query/Sqlite/RepeatedTexts.h"
 #include "host/query/Sqlite/StatementCache.h"
+#include "host/query/StatementReader.h"
 
 namespace zanhost {
 
@@ -48,24 +49,30 @@ class TSqliteDatabase final : public TDatabase {
     /// Where the first result goes; null when none is wanted.
     zanrole::TDataSet* Result;
     bool HasResult = false;
-    /// The engine's text when it differs; gathered only while a trace is on.
-    std::string Sent;
+    /// How many statements of the text have been started.
+    std::size_t Started = 0;
   };
 
   /// Runs what the query holds. Raises EDatabaseError.
   void Run(zanrole::TZANQuery& query, std::string_view database, zanrole::TDataSet* result);
 
   void Execute(TRun& run);
-  void ExecuteBatch(TRun& run, TStatementTexts& texts);
-  void ExecuteStatement(TRun& run, TPreparedStatement& statement);
-  std::shared_ptr<TPreparedStatement> Prepare(TTokens& tokens, bool persistent);
-  void Bind(TPreparedStatement& statement, zanrole::TParams& params);
+  void ExecuteBatch(TRun& run, TStatementReader& reader, bool hasStatement);
+  void ExecuteSingle(TRun& run, TPreparedStatement& statement, const TTokens& literals);
+  /// `literals` are those of the module's text.
+  void ExecuteStatement(TRun& run, TPreparedStatement& statement, const TTokens& literals);
+  /// The statement of FShape, from the cache or prepared now.
+  std::shared_ptr<TPreparedStatement> FindStatement();
+  std::shared_ptr<TPreparedStatement> Prepare();
+  void Bind(TPreparedStatement& statement, zanrole::TZANQuery& query, const TTokens& literals);
   void ReadResult(TRun& run, TPreparedStatement& statement);
   void TraceRun(const TRun& run, std::chrono::steady_clock::time_point start, sqlite3_int64 changesBefore,
                 const TSqliteFault* fault);
 
   TSqliteConnection FConnection;
   TStatementCache FCache;
+  TRepeatedTexts FRepeated;
+  TStatementShape FShape;  ///< of the statement that was read last
   TTrace* FTrace = nullptr;
 };
 

@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "Frame/Host/Zandbs.h"
 #include "host/query/Sqlite/Rules.h"
 
@@ -79,7 +81,12 @@ class TComposer {
  public:
   void Word(std::string_view text) { FTokens.push_back({TTokenKind::Word, " ", text}); }
   void Operator(std::string_view text) { FTokens.push_back({TTokenKind::Operator, " ", text}); }
-  void Tokens(const TTokens& tokens) { FTokens.insert(FTokens.end(), tokens.begin(), tokens.end()); }
+  void Tokens(const TTokens& tokens) {
+    const std::size_t first = FTokens.size();
+    FTokens.insert(FTokens.end(), tokens.begin(), tokens.end());
+    // What stood behind a comma or a bracket may now stand behind a word.
+    if (first > 0 && first < FTokens.size() && FTokens[first].Before.empty()) FTokens[first].Before = " ";
+  }
   void Condition(const TTokens& condition) {
     if (condition.empty()) return;
     Word(FHasCondition ? "and" : "where");
@@ -137,9 +144,14 @@ bool RewriteUpdateFrom(TTokens& tokens) {
   update.Where = FindOuterWord(tokens, "where", update.From, end);
   update.Sources = ReadSources(tokens, update.From + 1, update.Where);
   const TTokens updated = Slice(tokens, update.Update + 1, update.Set);
+  const auto isOfName = [](const TToken& token) { return token.IsName() || token.IsOperator("."); };
+  if (updated.empty() || !std::all_of(updated.begin(), updated.end(), isOfName)) return false;
   const std::size_t target = FindTarget(update.Sources, TableName(updated));
   if (target == update.Sources.size()) return false;
   for (const TJoinedSource& source : update.Sources) {
+    const bool isSource =
+        !source.Source.empty() && (source.Source[0].IsName() || source.Source[0].IsOperator("("));
+    if (!isSource) return false;
     if (source.Outer)
       throw zanrole::EDatabaseError(
           "an update that reads its own table through an outer join is not supported", TokensToText(tokens));

@@ -101,7 +101,10 @@ void TStringList::Delete(int index) {
 }
 
 std::string TStringList::Text() const {
+  std::size_t size = 2 * FLines.size();
+  for (const std::string& line : FLines) size += line.size();
   std::string text;
+  text.reserve(size);
   for (std::size_t i = 0; i < FLines.size(); ++i) {
     if (i > 0) text += "\r\n";
     text += FLines[i];

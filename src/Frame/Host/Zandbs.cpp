@@ -104,6 +104,7 @@ void TDataSet::Close() {
 
 void TDataSet::Load(const std::vector<std::string>& columns, std::vector<TZanValue> cells) {
   Close();
+  FFields.reserve(columns.size());
   for (const std::string& column : columns)
     FFields.emplace_back(*this, static_cast<int>(FFields.size()), column);
   FCells = std::move(cells);
@@ -207,7 +208,7 @@ std::size_t SkipOpaque(std::string_view text, std::size_t at) {
 }  // namespace
 
 void TParams::Refill(std::string_view statement) {
-  std::deque<TParam> old = std::move(FItems);
+  std::vector<TParam> old = std::move(FItems);
   FItems.clear();
   const auto take = [&](std::string_view name) {
     if (Find(name) != nullptr) return;

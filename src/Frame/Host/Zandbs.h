@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <deque>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -125,7 +124,7 @@ class ZAN_EXPORT TDataSet {
   std::size_t Cell(int row, int field) const;
   int FieldIndex(std::string_view name) const;
 
-  std::deque<TField> FFields;
+  std::vector<TField> FFields;
   std::vector<TZanValue> FCells;
   int FRow = 0;
   bool FActive = false;
@@ -165,7 +164,7 @@ class ZAN_EXPORT TParams {
   void Refill(std::string_view statement);
 
  private:
-  std::deque<TParam> FItems;
+  std::vector<TParam> FItems;
 };
 
 /// The host's query object: one statement at a time on one database. The holder owns it.

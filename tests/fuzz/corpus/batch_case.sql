@@ -1,0 +1,1 @@
+begin update T set Name = case when ID = 1 then 'a' else 'b' end; end;

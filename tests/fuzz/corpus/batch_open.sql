@@ -1,0 +1,1 @@
+begin delete from T; delete from U

@@ -1,0 +1,1 @@
+select (((1 from T where ) in (';', (2;3

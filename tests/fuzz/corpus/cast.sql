@@ -1,0 +1,1 @@
+select cast(ID as varchar(16)) + ',', replace(Name, 'a', 'b') from T where Name <> '' group by ID having count(*) > 1 order by 1 limit 5

@@ -1,0 +1,1 @@
+create table V (ID int not null, Name nvarchar(200) default 'x' + 'y', primary key (ID))

@@ -1,0 +1,1 @@
+insert into T(ID, Name) select IsNull(max(ID),0)+1, 'x' from T where changes() = 0

@@ -1,0 +1,1 @@
+select IsNull(max(ID),0)+1 from T where Name = 'isnull(a)'

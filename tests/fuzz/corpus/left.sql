@@ -1,0 +1,1 @@
+select left(Name, 2) from T where left (Name, 1) = '\' or 'left(' = Name

@@ -1,0 +1,1 @@
+select [left(a]], "isnull(""b", `a``b` from T where [T].[ID] = 5and 1=1

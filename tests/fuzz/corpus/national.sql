@@ -1,0 +1,1 @@
+select N'域', n'it''s' from T where Name = N''

@@ -1,0 +1,1 @@
+insert into T(ID, Name) values(1, 'open''

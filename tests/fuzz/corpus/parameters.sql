@@ -1,0 +1,1 @@
+update T set Name = :Name, Parent = :名 where ID = :ID and Sequence in (1,2,3) and Name like 'x%' escape '\'

@@ -1,0 +1,1 @@
+select Name + '\' + case ID when 1 then 'a' else Name end + Name from T where ID + 1 = 2 and -1 + ID = 0

@@ -1,0 +1,1 @@
+select ID + -1, + ID, ID * +Sequence, (ID) + (Sequence), 'a'+:Name from T

@@ -1,0 +1,1 @@
+select * from main..T a inner join [main].dbo.U b on a.ID = b.T

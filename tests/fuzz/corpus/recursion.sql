@@ -1,0 +1,1 @@
+with C(ID, Name, Depth) as (select ID, Name, 0 from T where Parent is null union all select a.ID, b.Name + '/' + a.Name, b.Depth + 1 from T a inner join C b on a.Parent = b.ID) select * from C order by Depth

@@ -1,0 +1,1 @@
+select distinct DescendantID from STDomainInherits where AncestorID in ( select DomainID from STDomainMembers where IsOwned = 0 and UserOID = 42 ) order by 1

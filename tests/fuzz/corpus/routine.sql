@@ -1,0 +1,1 @@
+exec P_RefreshPartyParentPath

@@ -1,0 +1,1 @@
+with C as (select str(ROW_NUMBER() over(order by a.Sequence), 10) n from T a) select n from C

@@ -1,0 +1,1 @@
+with C as (select row_number() over(order by Sequence desc) n from T) select n from C

@@ -1,0 +1,1 @@
+update T set Name = c.Note from T a inner join U c on a.ID = c.T where a.Sequence =1 or c.ID = 2

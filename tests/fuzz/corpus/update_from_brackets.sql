@@ -1,0 +1,1 @@
+update T set Sequence = b.Sequence from T a inner join (select 1 DjLsh, 2 Sequence union all select 3, 4) b on a.ID = b.DjLsh

@@ -1,0 +1,1 @@
+update T set Sequence = 6 from T a,07.ID b where(a.ID = b.T)

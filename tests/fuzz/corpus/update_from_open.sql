@@ -1,0 +1,1 @@
+update T set Name = cre te from T a ith C(ID, NamT set Name = :Name, Parent = :名 where ID = :ID and Sequence in (1,2,3) and Name like 'xi= c.T where a.Sequence =0 or c.ID = 2

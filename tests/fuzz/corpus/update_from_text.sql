@@ -1,0 +1,1 @@
+update'' T set Sequence = b.Sequence from T a innelect 1 Dn all select 3, 4) b on a.ID = b.DjLsh

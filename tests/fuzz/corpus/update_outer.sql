@@ -1,0 +1,1 @@
+update T set Name = b.Note from T a left outer join U b on a.ID = b.T
