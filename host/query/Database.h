@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "Frame/Host/Zandbs.h"
+#include "host/query/DialectFamily.h"
 
 namespace zanhost {
 
@@ -12,6 +13,20 @@ class TTrace;
 /// The databases of one session: one connection, used by one thread at a time. It outlives its queries.
 class TDatabase : public zanrole::TDatabaseServices {
  public:
+  /// The dialect that the module speaks here; from it comes what a host's databases offer for a dialect.
+  virtual const TDialectFamily& Family() const = 0;
+
+  zanrole::TDialect Dialect() const final { return Family().Dialect; }
+  std::string ServerType() const final { return std::string(Family().ServerType); }
+  std::unique_ptr<zanrole::TDBFieldHelper> GetDBFieldHelper() final { return Family().FieldHelper(); }
+  std::unique_ptr<zanrole::TDBParamHelper> GetDBParamHelper() final { return Family().ParamHelper(); }
+  std::unique_ptr<zanrole::TDBObjectHelper> GetDBObjectHelper() final { return Family().ObjectHelper(); }
+  std::unique_ptr<zanrole::TDBTypesHelper> GetDBTypesHelper() final { return Family().TypesHelper(); }
+  std::unique_ptr<zanrole::TDBFunctionsHelper> GetDBFunctionsHelper() final {
+    return Family().FunctionsHelper();
+  }
+  std::unique_ptr<zanrole::TSelectSQLHelper> GetSelectSQLHelper() final { return Family().SelectHelper(); }
+
   /// Writes a line for each statement from now on; null ends that. The trace is not owned and must outlive
   /// its use.
   virtual void SetTrace(TTrace* trace) = 0;

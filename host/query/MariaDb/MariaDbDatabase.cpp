@@ -1,9 +1,9 @@
 #include "host/query/MariaDb/MariaDbDatabase.h"
 
 #include "host/query/MariaDb/Checks.h"
-#include "host/query/MariaDb/Helpers.h"
 #include "host/query/MariaDb/MariaDbQuery.h"
 #include "host/query/MariaDb/Script.h"
+#include "host/query/MySqlHelpers.h"
 #include "host/query/Redaction.h"
 
 namespace zanhost {
@@ -34,29 +34,13 @@ std::unique_ptr<TMariaDbConnection> ConnectAndCheck(const TMariaDbUrl& url, TOpe
 TMariaDbDatabase::TMariaDbDatabase(const TMariaDbUrl& url, TOpenMode mode)
     : FConnection(ConnectAndCheck(url, mode)), FCache(kCachedStatements) {}
 
+const TDialectFamily& TMariaDbDatabase::Family() const { return MySqlFamily(); }
+
 std::unique_ptr<zanrole::TZANQuery> TMariaDbDatabase::GetQuery() {
   return std::make_unique<TMariaDbQuery>(*this, /*onSystem*/ false);
 }
 std::unique_ptr<zanrole::TZANQuery> TMariaDbDatabase::GetSysQuery() {
   return std::make_unique<TMariaDbQuery>(*this, /*onSystem*/ true);
-}
-std::unique_ptr<zanrole::TDBFieldHelper> TMariaDbDatabase::GetDBFieldHelper() {
-  return std::make_unique<TMySqlFieldHelper>();
-}
-std::unique_ptr<zanrole::TDBParamHelper> TMariaDbDatabase::GetDBParamHelper() {
-  return std::make_unique<TMySqlParamHelper>();
-}
-std::unique_ptr<zanrole::TDBObjectHelper> TMariaDbDatabase::GetDBObjectHelper() {
-  return std::make_unique<TMySqlObjectHelper>();
-}
-std::unique_ptr<zanrole::TDBTypesHelper> TMariaDbDatabase::GetDBTypesHelper() {
-  return std::make_unique<TMySqlTypesHelper>();
-}
-std::unique_ptr<zanrole::TDBFunctionsHelper> TMariaDbDatabase::GetDBFunctionsHelper() {
-  return std::make_unique<TMySqlFunctionsHelper>();
-}
-std::unique_ptr<zanrole::TSelectSQLHelper> TMariaDbDatabase::GetSelectSQLHelper() {
-  return std::make_unique<TMySqlSelectHelper>();
 }
 
 void TMariaDbDatabase::SetLimits(TMariaDbLimits limits) {

@@ -22,16 +22,9 @@ class TMariaDbDatabase final : public TDatabase {
   /// MustExist wants the routines of the schema as well, CreateIfMissing makes databases that are missing.
   TMariaDbDatabase(const TMariaDbUrl& url, TOpenMode mode);
 
-  zanrole::TDialect Dialect() const override { return zanrole::TDialect::MySql; }
-  std::string ServerType() const override { return "mysql"; }
+  const TDialectFamily& Family() const override;
   std::unique_ptr<zanrole::TZANQuery> GetQuery() override;
   std::unique_ptr<zanrole::TZANQuery> GetSysQuery() override;
-  std::unique_ptr<zanrole::TDBFieldHelper> GetDBFieldHelper() override;
-  std::unique_ptr<zanrole::TDBParamHelper> GetDBParamHelper() override;
-  std::unique_ptr<zanrole::TDBObjectHelper> GetDBObjectHelper() override;
-  std::unique_ptr<zanrole::TDBTypesHelper> GetDBTypesHelper() override;
-  std::unique_ptr<zanrole::TDBFunctionsHelper> GetDBFunctionsHelper() override;
-  std::unique_ptr<zanrole::TSelectSQLHelper> GetSelectSQLHelper() override;
 
   void SetTrace(TTrace* trace) override { FTrace = trace; }
   void Interrupt() noexcept override { FConnection->Interrupt(); }

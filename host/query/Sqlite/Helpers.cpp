@@ -1,10 +1,18 @@
 #include "host/query/Sqlite/Helpers.h"
 
+#include "host/query/SqlServerHelpers.h"
 #include "host/query/Tokens.h"
 
 namespace zanhost {
 
-std::string TSqliteObjectHelper::QuoteName(std::string_view name) { return "[" + std::string(name) + "]"; }
+namespace {
+
+class TSqliteFunctionsHelper final : public zanrole::TDBFunctionsHelper {
+ public:
+  std::string RowCountExpression() override { return "changes()"; }
+  std::string ConditionalStatement(std::string_view condition, std::string_view statement) override;
+  std::string ConditionalEnd() override { return {}; }
+};
 
 std::string TSqliteFunctionsHelper::ConditionalStatement(std::string_view condition,
                                                          std::string_view statement) {
@@ -22,11 +30,17 @@ std::string TSqliteFunctionsHelper::ConditionalStatement(std::string_view condit
   return TokensToText(head) + " select " + TokensToText(list) + " where " + std::string(condition) + ";";
 }
 
-std::string TSqliteSelectHelper::Build(const zanrole::TZANSelectSQLEntity& entity) {
-  std::string text = "select " + entity.Fields + " from " + entity.Table;
-  if (!entity.Where.empty()) text += " where " + entity.Where;
-  if (!entity.OrderBy.empty()) text += " order by " + entity.OrderBy;
-  return text + " limit 1";
-}
+constexpr TDialectFamily kFamily{zanrole::TDialect::SqlServer,
+                                 "mssql",
+                                 MakeHelper<zanrole::TDBFieldHelper, TBitFieldHelper>,
+                                 MakeHelper<zanrole::TDBParamHelper, TBitParamHelper>,
+                                 MakeHelper<zanrole::TDBObjectHelper, TSqlServerObjectHelper>,
+                                 MakeHelper<zanrole::TDBTypesHelper, TSqlServerTypesHelper>,
+                                 MakeHelper<zanrole::TDBFunctionsHelper, TSqliteFunctionsHelper>,
+                                 MakeHelper<zanrole::TSelectSQLHelper, TLimitSelectHelper>};
+
+}  // namespace
+
+const TDialectFamily& SqliteFamily() { return kFamily; }
 
 }  // namespace zanhost

@@ -30,29 +30,13 @@ std::string FileOfFolder(const std::string& folder) {
 TSqliteDatabase::TSqliteDatabase(const std::string& folder, TOpenMode mode)
     : FConnection(FileOfFolder(folder), mode), FCache(kCachedStatements, kGreatestCachedText) {}
 
+const TDialectFamily& TSqliteDatabase::Family() const { return SqliteFamily(); }
+
 std::unique_ptr<zanrole::TZANQuery> TSqliteDatabase::GetQuery() {
   return std::make_unique<TSqliteQuery>(*this, "data");
 }
 std::unique_ptr<zanrole::TZANQuery> TSqliteDatabase::GetSysQuery() {
   return std::make_unique<TSqliteQuery>(*this, "system");
-}
-std::unique_ptr<zanrole::TDBFieldHelper> TSqliteDatabase::GetDBFieldHelper() {
-  return std::make_unique<TSqliteFieldHelper>();
-}
-std::unique_ptr<zanrole::TDBParamHelper> TSqliteDatabase::GetDBParamHelper() {
-  return std::make_unique<TSqliteParamHelper>();
-}
-std::unique_ptr<zanrole::TDBObjectHelper> TSqliteDatabase::GetDBObjectHelper() {
-  return std::make_unique<TSqliteObjectHelper>();
-}
-std::unique_ptr<zanrole::TDBTypesHelper> TSqliteDatabase::GetDBTypesHelper() {
-  return std::make_unique<TSqliteTypesHelper>();
-}
-std::unique_ptr<zanrole::TDBFunctionsHelper> TSqliteDatabase::GetDBFunctionsHelper() {
-  return std::make_unique<TSqliteFunctionsHelper>();
-}
-std::unique_ptr<zanrole::TSelectSQLHelper> TSqliteDatabase::GetSelectSQLHelper() {
-  return std::make_unique<TSqliteSelectHelper>();
 }
 
 void TSqliteDatabase::ExecScript(std::string_view script) {

@@ -19,16 +19,9 @@ class TSqliteDatabase final : public TDatabase {
   /// Raises EDatabaseError with a text for a person.
   TSqliteDatabase(const std::string& folder, TOpenMode mode);
 
-  zanrole::TDialect Dialect() const override { return zanrole::TDialect::SqlServer; }
-  std::string ServerType() const override { return "mssql"; }
+  const TDialectFamily& Family() const override;
   std::unique_ptr<zanrole::TZANQuery> GetQuery() override;
   std::unique_ptr<zanrole::TZANQuery> GetSysQuery() override;
-  std::unique_ptr<zanrole::TDBFieldHelper> GetDBFieldHelper() override;
-  std::unique_ptr<zanrole::TDBParamHelper> GetDBParamHelper() override;
-  std::unique_ptr<zanrole::TDBObjectHelper> GetDBObjectHelper() override;
-  std::unique_ptr<zanrole::TDBTypesHelper> GetDBTypesHelper() override;
-  std::unique_ptr<zanrole::TDBFunctionsHelper> GetDBFunctionsHelper() override;
-  std::unique_ptr<zanrole::TSelectSQLHelper> GetSelectSQLHelper() override;
 
   void SetTrace(TTrace* trace) override { FTrace = trace; }
   void Interrupt() noexcept override { FConnection.Interrupt(); }
