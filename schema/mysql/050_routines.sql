@@ -117,12 +117,13 @@ begin
   update PartyH a
    inner join (
      with recursive T (DjLsh, LongName, LongCode, ParentPath, NodeLevel) as (
-       select a.DjLsh, cast(a.Name as char(4000)), cast(a.DjLsh as char(2000)), cast('' as char(2000)), 0
+       select a.DjLsh, cast(ifnull(a.Name, '') as char(4000)), cast(a.DjLsh as char(2000)),
+              cast('' as char(2000)), 0
          from PartyH a
          left outer join PartyH b on a.Parent = b.DjLsh
         where b.DjLsh is null
        union all
-       select a.DjLsh, concat(T.LongName, '\', a.Name), concat(T.LongCode, '\', a.DjLsh),
+       select a.DjLsh, concat(T.LongName, '\', ifnull(a.Name, '')), concat(T.LongCode, '\', a.DjLsh),
               concat(T.ParentPath, T.DjLsh, ','), T.NodeLevel + 1
          from PartyH a
         inner join T on a.Parent = T.DjLsh)

@@ -129,3 +129,23 @@ begin ZanMake('create table WebMenu (
   constraint PK_WebMenu primary key (MID)
 )'); end;
 /
+
+-- The older store of rights stands in both databases: objects that leave the registry are deleted from this one.
+begin ZanMake('create table Permission (
+  UserID     number(10),
+  ObjectID   number(10),
+  Oprate     nvarchar2(200),
+  Permission number(10)
+)'); end;
+/
+
+-- Of the host itself.
+-- Parameters that plug-ins keep: one text for each group, object and name.
+begin ZanMake('create table ZanPluginParam (
+  ParamGroup nvarchar2(100) not null,
+  ObjectID   number(10) not null,
+  ParamName  nvarchar2(200) not null,
+  ParamText  nclob,
+  constraint PK_ZanPluginParam primary key (ParamGroup, ObjectID, ParamName)
+)'); end;
+/

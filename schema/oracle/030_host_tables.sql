@@ -1,4 +1,4 @@
--- Tables of the host itself, in the data database but for ZanPluginParam, which lies in the system database.
+-- Tables of the host itself in the data database.
 --
 -- Run by a client that ends a block at "/" (sqlplus, sqlcl). Texts compare exactly under the default NLS_COMP.
 -- An empty text is null here.
@@ -16,15 +16,5 @@ begin ZanMake('create table ZanCounter (
   Name      nvarchar2(100) not null,
   LastValue number(10) not null,
   constraint PK_ZanCounter primary key (Name)
-)'); end;
-/
-
--- Parameters that plug-ins keep: one text for each group, object and name.
-begin ZanMake('create table ZanPluginParam (
-  ParamGroup nvarchar2(100) not null,
-  ObjectID   number(10) not null,
-  ParamName  nvarchar2(200) not null,
-  ParamText  nclob,
-  constraint PK_ZanPluginParam primary key (ParamGroup, ObjectID, ParamName)
 )'); end;
 /

@@ -1,4 +1,4 @@
--- Indexes that the statements want. Keys of the tables stand with the tables.
+-- Indexes of the data database that the statements want. Keys of the tables stand with the tables.
 
 -- A login belongs to one user. Roles and accounts without a login stay out of it.
 begin ZanMake('create unique index UX_STUsers_Login on STUsers (case when uGroup = 0 then UserID end)'); end;
@@ -86,22 +86,4 @@ begin ZanMake('create index IX_STOAPermission_MenuID on STOAPermission (MenuID)'
 begin ZanMake('create index IX_ST_msgUser_UserID on ST_msgUser (UserID)'); end;
 /
 begin ZanMake('create index IX_ST_MsgKu_RecUserId on ST_MsgKu (RecUserId)'); end;
-/
-
--- System database.
-begin ZanMake('create index IX_Tree_ParentID on Tree (ParentID, PrecedID)'); end;
-/
-begin ZanMake('create index IX_Tree_ObjectID on Tree (ObjectID)'); end;
-/
-begin ZanMake('create index IX_ObjectRegister_ObjectID on ObjectRegister (ObjectID)'); end;
-/
-begin ZanMake('create index IX_ObjectRegister_Object on ObjectRegister (TypeID, Object)'); end;
-/
-begin ZanMake('create index IX_ExFunction_SID on ExFunction (SType, SID, SOrder)'); end;
-/
-begin ZanMake('create index IX_ST_DataParams_ParamName on ST_DataParams (ParamType, ParamName)'); end;
-/
-begin ZanMake('create index IX_DjDy_DjCName on DjDy (DjCName)'); end;
-/
-begin ZanMake('create index IX_CxDy_CxCName on CxDy (CxCName)'); end;
 /

@@ -129,3 +129,23 @@ create table WebMenu (
   expMode      bit,
   constraint PK_WebMenu primary key (MID)
 );
+
+-- The older store of rights stands in both databases: objects that leave the registry are deleted from this one.
+if object_id(N'Permission', N'U') is null
+create table Permission (
+  UserID     int,
+  ObjectID   int,
+  Oprate     nvarchar(200) collate Latin1_General_100_BIN2,
+  Permission int
+);
+
+-- Of the host itself.
+-- Parameters that plug-ins keep: one text for each group, object and name.
+if object_id(N'ZanPluginParam', N'U') is null
+create table ZanPluginParam (
+  ParamGroup nvarchar(100) collate Latin1_General_100_BIN2 not null,
+  ObjectID   int not null,
+  ParamName  nvarchar(200) collate Latin1_General_100_BIN2 not null,
+  ParamText  nvarchar(max) collate Latin1_General_100_BIN2,
+  constraint PK_ZanPluginParam primary key (ParamGroup, ObjectID, ParamName)
+);

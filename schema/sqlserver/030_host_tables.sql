@@ -1,4 +1,4 @@
--- Tables of the host itself, in the data database but for ZanPluginParam, which lies in the system database.
+-- Tables of the host itself in the data database.
 --
 -- Texts are of a binary collation, column by column: the database keeps a collation without regard to case,
 -- since the statements name one table in several cases.
@@ -17,14 +17,4 @@ create table ZanCounter (
   Name      nvarchar(100) collate Latin1_General_100_BIN2 not null,
   LastValue int not null,
   constraint PK_ZanCounter primary key (Name)
-);
-
--- Parameters that plug-ins keep: one text for each group, object and name.
-if object_id(N'ZanPluginParam', N'U') is null
-create table ZanPluginParam (
-  ParamGroup nvarchar(100) collate Latin1_General_100_BIN2 not null,
-  ObjectID   int not null,
-  ParamName  nvarchar(200) collate Latin1_General_100_BIN2 not null,
-  ParamText  nvarchar(max) collate Latin1_General_100_BIN2,
-  constraint PK_ZanPluginParam primary key (ParamGroup, ObjectID, ParamName)
 );

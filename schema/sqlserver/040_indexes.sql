@@ -1,4 +1,8 @@
--- Indexes that the statements want. Keys of the tables stand with the tables.
+-- Indexes of the data database that the statements want. Keys of the tables stand with the tables.
+
+-- The index that leaves rows out is made under this setting only, which one of the command line clients turns off.
+set quoted_identifier on;
+go
 
 -- A login belongs to one user. Roles and accounts without a login stay out of it.
 if not exists (select 1 from sys.indexes where name = N'UX_STUsers_Login' and object_id = object_id(N'STUsers'))
@@ -64,6 +68,7 @@ if not exists (select 1 from sys.indexes where name = N'IX_STDomains_ParentID' a
   create index IX_STDomains_ParentID on STDomains (ParentID, Sequence);
 if not exists (select 1 from sys.indexes where name = N'IX_STDomains_Code' and object_id = object_id(N'STDomains'))
   create index IX_STDomains_Code on STDomains (Code);
+-- FullName and FullCode are wider than the 1,700 bytes that a key may have here.
 if not exists (select 1 from sys.indexes where name = N'IX_STDomainMembers_UserOID' and object_id = object_id(N'STDomainMembers'))
   create index IX_STDomainMembers_UserOID on STDomainMembers (UserOID, MemberType, IsOwned, DomainID);
 if not exists (select 1 from sys.indexes where name = N'IX_STDomainInherits_DescendantID' and object_id = object_id(N'STDomainInherits'))
@@ -83,21 +88,3 @@ if not exists (select 1 from sys.indexes where name = N'IX_ST_msgUser_UserID' an
   create index IX_ST_msgUser_UserID on ST_msgUser (UserID);
 if not exists (select 1 from sys.indexes where name = N'IX_ST_MsgKu_RecUserId' and object_id = object_id(N'ST_MsgKu'))
   create index IX_ST_MsgKu_RecUserId on ST_MsgKu (RecUserId);
-
--- System database.
-if not exists (select 1 from sys.indexes where name = N'IX_Tree_ParentID' and object_id = object_id(N'Tree'))
-  create index IX_Tree_ParentID on Tree (ParentID, PrecedID);
-if not exists (select 1 from sys.indexes where name = N'IX_Tree_ObjectID' and object_id = object_id(N'Tree'))
-  create index IX_Tree_ObjectID on Tree (ObjectID);
-if not exists (select 1 from sys.indexes where name = N'IX_ObjectRegister_ObjectID' and object_id = object_id(N'ObjectRegister'))
-  create index IX_ObjectRegister_ObjectID on ObjectRegister (ObjectID);
-if not exists (select 1 from sys.indexes where name = N'IX_ObjectRegister_Object' and object_id = object_id(N'ObjectRegister'))
-  create index IX_ObjectRegister_Object on ObjectRegister (TypeID, Object);
-if not exists (select 1 from sys.indexes where name = N'IX_ExFunction_SID' and object_id = object_id(N'ExFunction'))
-  create index IX_ExFunction_SID on ExFunction (SType, SID, SOrder);
-if not exists (select 1 from sys.indexes where name = N'IX_ST_DataParams_ParamName' and object_id = object_id(N'ST_DataParams'))
-  create index IX_ST_DataParams_ParamName on ST_DataParams (ParamType, ParamName);
-if not exists (select 1 from sys.indexes where name = N'IX_DjDy_DjCName' and object_id = object_id(N'DjDy'))
-  create index IX_DjDy_DjCName on DjDy (DjCName);
-if not exists (select 1 from sys.indexes where name = N'IX_CxDy_CxCName' and object_id = object_id(N'CxDy'))
-  create index IX_CxDy_CxCName on CxDy (CxCName);

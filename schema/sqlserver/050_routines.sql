@@ -10,12 +10,13 @@ alter procedure P_RefreshPartyParentPath as
 begin
   set nocount on;
   with T (DjLsh, LongName, LongCode, ParentPath, NodeLevel) as (
-    select a.DjLsh, cast(a.Name as nvarchar(4000)), cast(a.DjLsh as nvarchar(2000)), cast(N'' as nvarchar(2000)), 0
+    select a.DjLsh, cast(isnull(a.Name, N'') as nvarchar(4000)), cast(a.DjLsh as nvarchar(2000)),
+           cast(N'' as nvarchar(2000)), 0
       from PartyH a
       left outer join PartyH b on a.Parent = b.DjLsh
      where b.DjLsh is null
     union all
-    select a.DjLsh, cast(T.LongName + N'\' + a.Name as nvarchar(4000)),
+    select a.DjLsh, cast(T.LongName + N'\' + isnull(a.Name, N'') as nvarchar(4000)),
            cast(T.LongCode + N'\' + cast(a.DjLsh as nvarchar(16)) as nvarchar(2000)),
            cast(T.ParentPath + cast(T.DjLsh as nvarchar(16)) + N',' as nvarchar(2000)), T.NodeLevel + 1
       from PartyH a

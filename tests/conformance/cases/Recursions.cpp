@@ -92,6 +92,9 @@ TEST_P(Conformance, Recursions_TheDerivedColumnsOfTheOrganisationAreRebuilt) {
   add(2, 1, "D'");
   add(3, 2, "E");
   add(4, -9, "bin");
+  add(5, 1, "");
+  add(6, 5, "F");
+  Exec("update PartyH set Name = null where DjLsh = 5");
   add(10, 11, "loop");
   add(11, 10, "loop");
   Exec(Database().Dialect() == zanrole::TDialect::SqlServer ? "exec P_RefreshPartyParentPath"
@@ -102,7 +105,9 @@ TEST_P(Conformance, Recursions_TheDerivedColumnsOfTheOrganisationAreRebuilt) {
             (std::vector<TTextRow>{{"1", "C", "1", "", "0", "0"},
                                    {"2", "C\\D'", "1\\2", "1,", "1", "0"},
                                    {"3", "C\\D'\\E", "1\\2\\3", "1,2,", "2", "1"},
-                                   {"4", "bin", "4", "", "0", "1"}}));
+                                   {"4", "bin", "4", "", "0", "1"},
+                                   {"5", "C\\", "1\\5", "1,", "1", "0"},
+                                   {"6", "C\\\\F", "1\\5\\6", "1,5,", "2", "1"}}));
   EXPECT_EQ(Cell("select count(*) from PartyH where LongName = 'wrong'"), "2");
 }
 
