@@ -9,7 +9,10 @@
 #include <boost/asio/writable_pipe.hpp>
 #include <csignal>
 #include <cstring>
+#include <string_view>
 #include <system_error>
+
+#include "host/query/DataUrl.h"
 
 namespace zanhost {
 
@@ -58,17 +61,32 @@ class TSpawnAttributes {
   posix_spawnattr_t FAttributes{};
 };
 
+/// Pointers to `words`, and the null that ends them.
+std::vector<char*> PointersTo(std::vector<std::string>& words) {
+  std::vector<char*> pointers;
+  pointers.reserve(words.size() + 1);
+  for (std::string& word : words) pointers.push_back(word.data());
+  pointers.push_back(nullptr);
+  return pointers;
+}
+
+/// This process's environment, with the child's data URL in the place of its own.
+std::vector<std::string> EnvironmentOf(const TCommand& command) {
+  const std::string data = std::string(kDataVariable) + "=";
+  std::vector<std::string> environment{data + command.Data};
+  for (char** variable = environ; *variable != nullptr; ++variable)
+    if (!std::string_view(*variable).starts_with(data)) environment.emplace_back(*variable);
+  return environment;
+}
+
 pid_t Start(const TCommand& command, const TSpawnActions& actions) {
   std::vector<std::string> words{command.Program.string()};
   words.insert(words.end(), command.Arguments.begin(), command.Arguments.end());
-  std::vector<char*> arguments;
-  arguments.reserve(words.size() + 1);
-  for (std::string& word : words) arguments.push_back(word.data());
-  arguments.push_back(nullptr);
+  std::vector<std::string> environment = EnvironmentOf(command);
   const TSpawnAttributes attributes;
   pid_t process = -1;
-  Require(posix_spawn(&process, words.front().c_str(), actions.Get(), attributes.Get(), arguments.data(),
-                      environ),
+  Require(posix_spawn(&process, words.front().c_str(), actions.Get(), attributes.Get(),
+                      PointersTo(words).data(), PointersTo(environment).data()),
           words.front().c_str());
   return process;
 }

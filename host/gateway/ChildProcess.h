@@ -14,9 +14,13 @@
 
 namespace zanhost {
 
+/// A run of a command of this program.
 struct TCommand {
   std::filesystem::path Program;
   std::vector<std::string> Arguments;
+  /// The data URL. It may hold a password, and everybody may read the words that a process was started with:
+  /// the child is told by its environment, which is its owner's alone.
+  std::string Data;
 };
 
 /// A child process with one socket as its standard input and output. It inherits no other descriptor of the

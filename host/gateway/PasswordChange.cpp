@@ -28,7 +28,7 @@ std::string SentencesOf(const std::string& complaint) {
 }
 
 TCommand CommandFor(const TPasswordChange& change) {
-  TCommand command{OwnProgram(), {"passwd", "--data", change.Data}};
+  TCommand command{OwnProgram(), {"passwd"}, change.Data};
   if (!change.Trace.empty())
     command.Arguments.insert(command.Arguments.end(), {"--trace", change.Trace.string()});
   // A login that begins with a dash is no option.

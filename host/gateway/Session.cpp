@@ -38,9 +38,10 @@ void TLoginSession::Attach(std::shared_ptr<TPeer> peer) {
 
 TCommand TLoginSession::WorkerCommand() const {
   // In one word with its option, a login that begins with a dash is no option of its own.
-  TCommand command{FSettings.WorkerProgram,
-                   {"worker", "--data", FSettings.Data, "--user=" + FOperator.Login, "--files",
-                    FFiles.string(), "--language", FOperator.Language}};
+  TCommand command{
+      FSettings.WorkerProgram,
+      {"worker", "--user=" + FOperator.Login, "--files", FFiles.string(), "--language", FOperator.Language},
+      FSettings.Data};
   if (!FSettings.Trace.empty())
     command.Arguments.insert(command.Arguments.end(), {"--trace", FSettings.Trace.string()});
   return command;

@@ -24,7 +24,7 @@ function changes(list, extra = {}) {
 
 const commands = {
   set: (event) => { text = event.value; changes([{ set: 1, name: 'Edit', value: text }]) },
-  report: () => changes([{ report: { pid: process.pid, args, received } }]),
+  report: () => changes([{ report: { pid: process.pid, args, data: process.env.ZANHOST_DATA, received } }]),
   hang: () => { hung = true },
   crash: () => process.kill(process.pid, 'SIGKILL'),
   quit: () => process.exit(0),

@@ -6,6 +6,7 @@ import https from 'node:https'
 import { tmpdir } from 'node:os'
 import { dirname, join, resolve } from 'node:path'
 import { fileURLToPath } from 'node:url'
+import { sqlite } from './engines.mjs'
 
 const here = dirname(fileURLToPath(import.meta.url))
 export const program = resolve(process.env.ZANHOST ?? join(here, '../../../build/bin/zanhost'))
@@ -16,17 +17,18 @@ export function temporaryFolder() {
   return mkdtempSync(join(tmpdir(), 'zanrole-gateway-test-'))
 }
 
-/** A sample company in a fresh folder. `admin` and three ordinary users, whose password is `right`. */
+/** A sample company in fresh tables. `admin` and three ordinary users, whose password is `right`. */
 export class Data {
-  constructor() {
+  constructor(engine = sqlite) {
     this.folder = temporaryFolder()
-    this.url = `sqlite:${this.folder}`
+    this.tables = engine.start(this.folder)
+    this.url = this.tables.url
     this.run(['sample', '--data', this.url, '--people', '12'])
     const names = this.sql("select UserID from STUsers where uGroup = 0 and UserID <> 'admin' order by OID limit 3")
     ;[this.user, this.disabled, this.reset] = names.split('\n')
     for (const login of ['admin', this.user, this.disabled, this.reset]) this.setPassword(login, right)
     this.sql(`update STUsers set UnUsed = 1 where UserID = '${this.disabled}'`)
-    this.sql(`insert or replace into STUserPasswordStrategy (UserID, NeedReset) values ('${this.reset}', 1)`)
+    this.sql(`update STUserPasswordStrategy set NeedReset = 1 where UserID = '${this.reset}'`)
   }
 
   run(args, input = '') {
@@ -38,7 +40,7 @@ export class Data {
   }
 
   sql(statement) {
-    return execFileSync('sqlite3', [join(this.folder, 'zanrole.db'), statement], { encoding: 'utf8' }).trim()
+    return this.tables.sql(statement)
   }
 
   log() {
@@ -47,6 +49,7 @@ export class Data {
   }
 
   remove() {
+    this.tables.stop()
     rmSync(this.folder, { recursive: true, force: true })
   }
 }
