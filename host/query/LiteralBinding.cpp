@@ -1,6 +1,7 @@
 #include "host/query/LiteralBinding.h"
 
 #include <algorithm>
+#include <charconv>
 #include <functional>
 
 #include "host/query/LiteralPlaces.h"
@@ -25,6 +26,19 @@ std::size_t LiteralOf(const TStatementShape& shape, const TToken& token) {
 }
 
 }  // namespace
+
+std::int64_t IntegerOf(const TToken& literal) {
+  std::int64_t number = 0;
+  std::from_chars(literal.Text.data(), literal.Text.data() + literal.Text.size(), number);
+  return number;
+}
+
+std::optional<std::string_view> WrittenContent(const TToken& literal) {
+  const std::size_t open = literal.Text.find('\'') + 1;
+  const std::string_view written = literal.Text.substr(open, literal.Text.size() - open - 1);
+  if (written.find('\'') != std::string_view::npos) return std::nullopt;
+  return written;
+}
 
 TLiteralBinding BindLiterals(const TStatementShape& shape, TTokens& tokens) {
   const TLiteralPlaces places = FindLiteralPlaces(tokens);

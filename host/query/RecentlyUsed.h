@@ -1,7 +1,6 @@
 #pragma once
 
 #include <list>
-#include <memory>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -14,21 +13,23 @@ class TRecentlyUsed {
  public:
   explicit TRecentlyUsed(std::size_t capacity) : FCapacity(capacity) {}
 
-  /// Null when there is none. The pointer shares ownership: it outlives a removal.
-  std::shared_ptr<TThing> Find(std::string_view key) {
+  /// Null when there is none. Lives until the next call of Add or Clear.
+  TThing* Find(std::string_view key) {
     const auto found = FIndex.find(key);
     if (found == FIndex.end()) return nullptr;
     FEntries.splice(FEntries.begin(), FEntries, found->second);
-    return found->second->Thing;
+    return &found->second->Thing;
   }
 
   /// REQUIRES: nothing stands under this key.
-  void Add(std::string key, std::shared_ptr<TThing> thing) {
+  TThing& Add(std::string key, TThing thing) {
     FEntries.push_front({std::move(key), std::move(thing)});
     FIndex.emplace(FEntries.front().Key, FEntries.begin());
-    if (FEntries.size() <= FCapacity) return;
-    FIndex.erase(FEntries.back().Key);
-    FEntries.pop_back();
+    if (FEntries.size() > FCapacity) {
+      FIndex.erase(FEntries.back().Key);
+      FEntries.pop_back();
+    }
+    return FEntries.front().Thing;
   }
 
   void Clear() {
@@ -39,7 +40,7 @@ class TRecentlyUsed {
  private:
   struct TEntry {
     std::string Key;
-    std::shared_ptr<TThing> Thing;
+    TThing Thing;
   };
 
   std::size_t FCapacity;

@@ -3,12 +3,11 @@
 #include <algorithm>
 #include <array>
 
+#include "host/query/StatementPattern.h"
+
 namespace zanhost {
 
 namespace {
-
-/// An integer of more digits may not fit into 64 bits, and then means a floating point number.
-constexpr std::size_t kMostDigits = 18;
 
 bool IsLiteral(TTokenKind kind) {
   return kind == TTokenKind::Number || kind == TTokenKind::Text || kind == TTokenKind::NationalText;
@@ -52,7 +51,7 @@ bool OpensTransaction(TTokenScanner scanner) {
 
 }  // namespace
 
-TStatementReader::TStatementReader(std::string_view text) : FScanner(text) {
+TStatementReader::TStatementReader(std::string_view text) : FText(text), FScanner(text) {
   Advance();
   FInBlock = FHasToken && FToken.IsWord("begin") && !OpensTransaction(FScanner);
   if (FInBlock) Advance();
@@ -109,6 +108,22 @@ bool TStatementReader::Read(TStatementShape& shape) {
   shape.Shape.append(copied, end);
   // Engines end a statement at a zero byte.
   if (shape.Text.find('\0') != std::string_view::npos) shape.HasPlainLiterals = false;
+  ++FStatements;
+  return true;
+}
+
+bool TStatementReader::ReadLike(const TStatementPattern& pattern, TStatementShape& shape) {
+  SkipSemicolons();
+  if (!FHasToken) return false;
+  const auto begin = static_cast<std::size_t>(FToken.Before.data() - FText.data());
+  const std::size_t length = pattern.Match(FText.substr(begin), shape.Literals);
+  if (length == 0) return false;
+  shape.Text = FText.substr(begin, length);
+  shape.Shape.clear();
+  shape.HasPlainLiterals = true;
+  FScanner = TTokenScanner(FText.substr(begin + length));
+  Advance();
+  SkipSemicolons();
   ++FStatements;
   return true;
 }

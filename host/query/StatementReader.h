@@ -7,6 +7,11 @@
 
 namespace zanhost {
 
+class TStatementPattern;
+
+/// An integer of more digits may not fit into 64 bits, and then means a floating point number.
+inline constexpr std::size_t kMostDigits = 18;
+
 /// One statement of a text, and what it has in common with the statements that differ from it in literals
 /// only. Texts with the same shape have the same tokens but for the content of their literals, so a rule that
 /// looks at tokens does the same to all of them.
@@ -29,6 +34,10 @@ class TStatementReader {
   /// False when no statement is left. The storage of `shape` is used again.
   bool Read(TStatementShape& shape);
 
+  /// Reads the next statement when the pattern matches it, at much less cost than Read; false otherwise, and
+  /// nothing is read. shape.Shape stays empty.
+  bool ReadLike(const TStatementPattern& pattern, TStatementShape& shape);
+
   /// Enclosed in begin … end, or several statements: one unit, all of it or nothing. Known as soon as Read
   /// has been called.
   bool IsBatch() const { return FInBlock || FStatements > 1 || (FStatements == 1 && FHasToken); }
@@ -41,6 +50,7 @@ class TStatementReader {
   bool EndsStatement(int& depth);
   bool ClosesBlock() const;
 
+  std::string_view FText;
   TTokenScanner FScanner;
   TToken FToken;  ///< the one that is looked at
   bool FHasToken = false;

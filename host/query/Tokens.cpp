@@ -151,6 +151,11 @@ bool EndsInsideQuotes(const TTokens& tokens) {
   return signs % 2 == (opening == '[' ? 0 : 1);
 }
 
+bool HasParameters(const TTokens& tokens) {
+  return std::any_of(tokens.begin(), tokens.end(),
+                     [](const TToken& token) { return token.Kind == TTokenKind::Parameter; });
+}
+
 std::size_t ClosingBracket(const TTokens& tokens, std::size_t open) {
   int depth = 0;
   for (std::size_t at = open; at < tokens.size(); ++at) {
@@ -171,21 +176,16 @@ std::size_t FindOuterWord(const TTokens& tokens, std::string_view word, std::siz
 }
 
 std::string LiteralContent(const TToken& token, bool* terminated) {
-  std::string_view text = token.Text.substr(token.Kind == TTokenKind::NationalText ? 2 : 1);
+  std::string_view rest = token.Text.substr(token.Kind == TTokenKind::NationalText ? 2 : 1);
   std::string content;
-  std::size_t at = 0;
-  bool closed = false;
-  while (at < text.size() && !closed) {
-    if (text[at] != '\'') {
-      content += text[at++];
-    } else if (text.substr(at, 2) == "''") {
-      content += '\'';
-      at += 2;
-    } else {
-      closed = true;
-    }
+  content.reserve(rest.size());
+  std::size_t quote = 0;
+  while ((quote = rest.find('\'')) != std::string_view::npos && rest.substr(quote + 1).starts_with('\'')) {
+    content.append(rest, 0, quote + 1);
+    rest.remove_prefix(quote + 2);
   }
-  if (terminated != nullptr) *terminated = closed;
+  content.append(rest, 0, quote);
+  if (terminated != nullptr) *terminated = quote != std::string_view::npos;
   return content;
 }
 

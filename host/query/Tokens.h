@@ -66,6 +66,9 @@ std::string TokensToText(const TTokens& tokens);
 /// Is a text or a quoted name at the end without its closing quote?
 bool EndsInsideQuotes(const TTokens& tokens);
 
+/// Does a named parameter stand in it?
+bool HasParameters(const TTokens& tokens);
+
 /// Position of the bracket that closes the one at `open`; tokens.size() when nothing closes it.
 /// REQUIRES: tokens[open] is "(".
 std::size_t ClosingBracket(const TTokens& tokens, std::size_t open);

@@ -45,6 +45,7 @@ std::string TraceLine(const TTraceEntry& entry) {
   if (!entry.Sent.empty()) line["sent"] = redacted ? RedactStatement(entry.Sent) : std::string(entry.Sent);
   line["params"] = entry.Params != nullptr ? ParamsToJson(*entry.Params, redacted) : boost::json::object();
   line["rows"] = entry.Rows;
+  if (entry.RoundTrips > 0) line["trips"] = entry.RoundTrips;
   line["us"] = entry.Time.count();
   if (!entry.Error.empty()) line["error"] = redacted ? entry.ErrorKind : entry.Error;
   return boost::json::serialize(line);

@@ -11,18 +11,20 @@ namespace zanhost {
 
 /// One statement as it ran.
 struct TTraceEntry {
-  std::string_view Database;          ///< "data" or "system"
-  std::string_view Text;              ///< as the module wrote it
-  std::string_view Sent;              ///< as the engine got it; empty when that is the same
+  std::string_view Database;  ///< "data" or "system"
+  std::string_view Text;      ///< as the module wrote it
+  std::string_view Sent;      ///< as adapted, with the values that were bound; empty when that is the same
   const zanrole::TParams* Params;     ///< null when the statement has none
   std::int64_t Rows = 0;              ///< rows of the result, or rows that were changed
   std::chrono::microseconds Time{0};  ///< from the call to its return
   std::string_view Error;             ///< the engine's message; empty when the statement succeeded
   std::string_view ErrorKind;         ///< the engine's name for this kind of error, free of values
+  std::int64_t RoundTrips = 0;        ///< how often a server was waited for; 0 without a server
 };
 
 /// A file with one line of JSON for each statement:
-///   {"database","text","sent"(when it differs),"params":{name: value},"rows","us","error"(when it failed)}
+///   {"database","text","sent"(when it differs),"params":{name: value},"rows","trips"(on a server),"us",
+///    "error"(when it failed)}
 /// What could be a password is hidden: of a statement that touches passwords, literals, text parameters and
 /// the message.
 class TTrace {

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "Frame/Host/Classes.h"
 #include "host/query/MariaDb/Fault.h"
 #include "host/query/MariaDb/Rules.h"
 #include "host/query/MariaDb/Script.h"
@@ -24,7 +23,13 @@ std::string Apply(std::string_view rule, std::string_view statement) {
 /// What is sent in its place.
 std::string Adapted(std::string_view statement) {
   zanhost::TTokens tokens = zanhost::Tokenize(statement);
-  return Squeeze(zanhost::AdaptForMariaDb(tokens));
+  zanhost::Adapt(tokens, zanhost::MariaDbRules());
+  return Squeeze(zanhost::TokensToText(tokens));
+}
+
+/// The text whose statements a call runs.
+std::string OfCall(std::string_view statement) {
+  return zanhost::StatementsOfCall(statement).value_or("(no call)");
 }
 
 constexpr std::string_view kRoleRename =
@@ -92,31 +97,36 @@ TEST(MariaDbRules, EscapedBackslashesAreHalvedInNoOtherStatement) {
     EXPECT_EQ(Apply("escaped-backslashes", statement), "(unchanged)") << statement;
 }
 
-TEST(MariaDbRules, CallArgumentIsAdaptedInside) {
-  EXPECT_EQ(
-      Adapted("call MySql_execute_MultiSql('update T set a = b + ''it''''s; + '';\r\nwith c as (select 1) "
-              "select 1;')"),
-      Squeeze("call MySql_execute_MultiSql('update T set a = b || ''it''''s; + '';\r\nwith recursive c as "
-              "(select 1) select 1;')"));
-  const std::string call = "call MySql_execute_MultiSql(" + zanrole::QuotedStr(kRoleRename) + ")";
-  EXPECT_NE(Adapted(call).find(R"(''\'')"), std::string::npos);
+TEST(MariaDbRules, WhatDecidesByALiteralIsTold) {
+  EXPECT_TRUE(zanhost::RulesReadLiterals(zanhost::Tokenize(kRoleRename)));
+  EXPECT_FALSE(
+      zanhost::RulesReadLiterals(zanhost::Tokenize(R"(update STUsers set UserName = '\\' where OID = 1)")));
 }
 
-TEST(MariaDbRules, CallArgumentIsQuotedWhenItIsNot) {
-  EXPECT_EQ(Adapted("call MySql_execute_MultiSql(\r\nDelete From STUserGroup Where UserID=1;\r\nInsert Into "
-                    "STUserGroup (UserID, GroupID)\r\nselect 1, 'a;b' union all\r\nselect 2, 3 ;\r\n)"),
-            Squeeze("call MySql_execute_MultiSql('\r\nDelete From STUserGroup Where UserID=1;\r\nInsert Into "
-                    "STUserGroup (UserID, GroupID)\r\nselect 1, ''a;b'' union all\r\nselect 2, 3;')"));
+TEST(MariaDbRules, CallArgumentIsUnquoted) {
+  EXPECT_EQ(OfCall("call MySql_execute_MultiSql('update T set a = ''it''''s; '';\r\ndelete from T;')"),
+            "update T set a = 'it''s; ';\r\ndelete from T;");
+  EXPECT_EQ(OfCall("CALL mysql_execute_multisql(N'delete from T')"), "delete from T");
+  EXPECT_EQ(OfCall("call MySql_execute_MultiSql('')"), "");
+}
+
+TEST(MariaDbRules, CallArgumentMayHaveNoQuotes) {
+  EXPECT_EQ(
+      Squeeze(OfCall("call MySql_execute_MultiSql(\r\nDelete From STUserGroup Where UserID=1;\r\nInsert Into "
+                     "STUserGroup (UserID, GroupID)\r\nselect 1, 'a;b' union all\r\nselect 2, 3 ;\r\n)")),
+      "Delete From STUserGroup Where UserID=1; Insert Into STUserGroup (UserID, GroupID) select 1, 'a;b' "
+      "union all select 2, 3 ;");
 }
 
 TEST(MariaDbRules, CallArgumentTakesNoParameters) {
-  zanhost::TTokens tokens = zanhost::Tokenize("call MySql_execute_MultiSql(delete from T where a = :A;)");
-  EXPECT_THROW(zanhost::AdaptForMariaDb(tokens), zanhost::TMariaDbFault);
+  EXPECT_THROW(OfCall("call MySql_execute_MultiSql(delete from T where a = :A;)"), zanhost::TMariaDbFault);
 }
 
 TEST(MariaDbRules, OtherCallsStay) {
   const std::string call = "call Mysql_Update_STUserPasswordStrategy('a + b', 1, 0, 1)";
   EXPECT_EQ(Adapted(call), call);
+  EXPECT_EQ(OfCall(call), "(no call)");
+  EXPECT_EQ(OfCall("call MySql_execute_MultiSql('select 1') + 1"), "(no call)");
 }
 
 TEST(MariaDbScript, IsSplitAtItsDelimiters) {

@@ -1,4 +1,3 @@
-#include "Frame/Host/Classes.h"
 #include "host/query/MariaDb/Fault.h"
 #include "host/query/MariaDb/Rules.h"
 
@@ -12,6 +11,11 @@ bool IsText(const TToken& token) {
   return token.Kind == TTokenKind::Text || token.Kind == TTokenKind::NationalText;
 }
 
+bool BeginsWithCall(std::string_view statement) {
+  TToken token;
+  return TTokenScanner(statement).Next(token) && token.IsWord("call");
+}
+
 /// "call MySql_execute_MultiSql( … )" and nothing behind it.
 bool IsMultiSqlCall(const TTokens& tokens) {
   return tokens.size() >= 4 && tokens[0].IsWord("call") && tokens[1].IsWord(kMultiSql) &&
@@ -21,29 +25,18 @@ bool IsMultiSqlCall(const TTokens& tokens) {
 /// What stands between the brackets, a quoted text without its quotes.
 std::string ArgumentOf(const TTokens& tokens) {
   if (tokens.size() == 5 && IsText(tokens[3])) return LiteralContent(tokens[3]);
-  for (const TToken& token : tokens) {
-    if (token.Kind == TTokenKind::Parameter)
-      throw TMariaDbFault{"A call of MySql_execute_MultiSql takes no parameters.", "parameters in a call"};
-  }
+  if (HasParameters(tokens))
+    throw TMariaDbFault{"A call of MySql_execute_MultiSql takes no parameters.", "parameters in a call"};
   return TokensToText({tokens.begin() + 3, tokens.end() - 1});
-}
-
-std::string AdaptedStatements(std::string_view text) {
-  std::string adapted;
-  for (TTokens& statement : SplitStatements(text).Statements) {
-    Adapt(statement, MariaDbRules());
-    adapted += TokensToText(statement) + ";";
-  }
-  return adapted;
 }
 
 }  // namespace
 
-std::string AdaptForMariaDb(TTokens& tokens) {
-  if (IsMultiSqlCall(tokens))
-    return "call MySql_execute_MultiSql(" + zanrole::QuotedStr(AdaptedStatements(ArgumentOf(tokens))) + ")";
-  Adapt(tokens, MariaDbRules());
-  return TokensToText(tokens);
+std::optional<std::string> StatementsOfCall(std::string_view statement) {
+  if (!BeginsWithCall(statement)) return std::nullopt;
+  const TTokens tokens = Tokenize(statement);
+  if (!IsMultiSqlCall(tokens)) return std::nullopt;
+  return ArgumentOf(tokens);
 }
 
 }  // namespace zanhost

@@ -43,9 +43,10 @@ TMySqlHandle TMariaDbConnection::Connect() const {
   const bool local = !FUrl.Socket.empty();
   const unsigned protocol = local ? MYSQL_PROTOCOL_SOCKET : MYSQL_PROTOCOL_TCP;
   mysql_options(handle.get(), MYSQL_OPT_PROTOCOL, &protocol);
-  const MYSQL* connected = mysql_real_connect(
-      handle.get(), local ? nullptr : FUrl.Host.c_str(), FUrl.User.c_str(), FUrl.Password.c_str(), nullptr,
-      FUrl.Port, local ? FUrl.Socket.c_str() : nullptr, CLIENT_FOUND_ROWS | CLIENT_MULTI_RESULTS);
+  const MYSQL* connected =
+      mysql_real_connect(handle.get(), local ? nullptr : FUrl.Host.c_str(), FUrl.User.c_str(),
+                         FUrl.Password.c_str(), nullptr, FUrl.Port, local ? FUrl.Socket.c_str() : nullptr,
+                         CLIENT_FOUND_ROWS | CLIENT_MULTI_STATEMENTS | CLIENT_MULTI_RESULTS);
   if (connected == nullptr) throw Describe(ErrorOf(handle.get()));
   return handle;
 }
@@ -59,19 +60,50 @@ void TMariaDbConnection::SetLimits(TMariaDbLimits limits) {
   if (!IsLost()) Configure();
 }
 
+void TMariaDbConnection::EnsureConnected() {
+  if (!IsLost()) return;
+  FDatabase.clear();
+  FGreatestText = 0;
+  FHandle = Connect();
+  Configure();
+}
+
 void TMariaDbConnection::Use(const std::string& database) {
-  if (IsLost()) {
-    FDatabase.clear();
-    FHandle = Connect();
-    Configure();
-  }
+  EnsureConnected();
   if (FDatabase == database) return;
   FDatabase.clear();
+  ++FRoundTrips;
   if (mysql_select_db(Handle(), database.c_str()) != 0) Raise();
   FDatabase = database;
 }
 
+std::size_t TMariaDbConnection::GreatestText() {
+  if (FGreatestText != 0) return FGreatestText;
+  Send("select @@max_allowed_packet");
+  const TMySqlResultHandle result(mysql_store_result(Handle()));
+  if (result == nullptr) Raise();
+  // The packet holds the kind of the command before the text.
+  FGreatestText = std::stoul(mysql_fetch_row(result.get())[0]) - 1;
+  return FGreatestText;
+}
+
+TMySqlStatementHandle TMariaDbConnection::Prepare(std::string_view text) {
+  TMySqlStatementHandle statement(mysql_stmt_init(Handle()));
+  if (statement == nullptr) Raise();
+  const my_bool measured = 1;
+  mysql_stmt_attr_set(statement.get(), STMT_ATTR_UPDATE_MAX_LENGTH, &measured);
+  ++FRoundTrips;
+  if (mysql_stmt_prepare(statement.get(), text.data(), text.size()) != 0) Raise(statement.get());
+  return statement;
+}
+
+void TMariaDbConnection::Execute(MYSQL_STMT* statement) {
+  ++FRoundTrips;
+  if (mysql_stmt_execute(statement) != 0) Raise(statement);
+}
+
 void TMariaDbConnection::Send(std::string_view text) {
+  ++FRoundTrips;
   if (mysql_real_query(Handle(), text.data(), text.size()) != 0) Raise();
 }
 
@@ -131,7 +163,7 @@ void TMariaDbConnection::Interrupt() noexcept {
 }
 
 TMariaDbTransaction::TMariaDbTransaction(TMariaDbConnection& connection) : FConnection(connection) {
-  FConnection.Exec("start transaction");
+  FConnection.Exec(kBeginTransaction);
 }
 
 TMariaDbTransaction::~TMariaDbTransaction() {
@@ -139,7 +171,7 @@ TMariaDbTransaction::~TMariaDbTransaction() {
 }
 
 void TMariaDbTransaction::Commit() {
-  FConnection.Exec("commit");
+  FConnection.Exec(kCommitTransaction);
   FOpen = false;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <cstdint>
 #include <mutex>
 #include <string>
 #include <string_view>
@@ -42,12 +43,25 @@ class TMariaDbConnection {
   const TMariaDbLimits& Limits() const { return FLimits; }
   void SetLimits(TMariaDbLimits limits);
 
-  /// Sends a text of one statement and waits for its first answer.
+  /// Connects anew when the connection was lost.
+  void EnsureConnected();
+  /// The longest text that the server takes, in bytes.
+  std::size_t GreatestText();
+
+  /// Sends a text of one statement, or of several with semicolons between them, and waits for the first
+  /// answer.
   void Send(std::string_view text);
   /// Runs a statement and throws its results away.
   void Exec(std::string_view text);
   /// Stands on the next answer of what was sent; false when there is none.
   bool NextResult();
+
+  TMySqlStatementHandle Prepare(std::string_view text);
+  /// Runs a prepared statement with what is bound to it, and waits for its first answer.
+  void Execute(MYSQL_STMT* statement);
+
+  /// How often the server has been waited for.
+  std::int64_t RoundTrips() const { return FRoundTrips; }
 
   /// Raises the fault of a call that failed on the connection, or on a statement. A lost connection is
   /// closed.
@@ -71,6 +85,8 @@ class TMariaDbConnection {
   TMariaDbLimits FLimits;
   TMySqlHandle FHandle;
   std::string FDatabase;
+  std::size_t FGreatestText = 0;  ///< 0 until it is asked for
+  std::int64_t FRoundTrips = 0;
 
   std::mutex FRunningMutex;          ///< guards the members below
   unsigned long FRunningThread = 0;  ///< the server's number of this connection while a statement runs
@@ -91,14 +107,22 @@ class TRunningStatement {
   TMariaDbConnection& FConnection;
 };
 
+inline constexpr std::string_view kBeginTransaction = "start transaction";
+inline constexpr std::string_view kCommitTransaction = "commit";
+
 /// A transaction; taken back when the block is left without Commit.
 class TMariaDbTransaction {
  public:
   explicit TMariaDbTransaction(TMariaDbConnection& connection);
+  /// For a text that begins with kBeginTransaction, sent within the block.
+  struct TBegunByText {};
+  TMariaDbTransaction(TMariaDbConnection& connection, TBegunByText) : FConnection(connection) {}
   ~TMariaDbTransaction();
   TMariaDbTransaction(const TMariaDbTransaction&) = delete;
   TMariaDbTransaction& operator=(const TMariaDbTransaction&) = delete;
   void Commit();
+  /// A text that ended with kCommitTransaction has run.
+  void NoteCommit() { FOpen = false; }
 
  private:
   TMariaDbConnection& FConnection;

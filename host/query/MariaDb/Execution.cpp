@@ -10,31 +10,12 @@ using zanrole::TZanValue;
 
 namespace {
 
-/// Longer texts are lists of values that rarely come again.
-constexpr std::size_t kGreatestCachedText = 16'384;
-
 constexpr char kHiddenMessage[] = "The server refused a statement about passwords: ";
 
-/// Puts a marker in the place of each parameter and gives the names.
-std::vector<std::string> TakeParameters(TTokens& tokens) {
-  std::vector<std::string> names;
-  for (TToken& token : tokens) {
-    if (token.Kind != TTokenKind::Parameter) continue;
-    names.emplace_back(token.Text.substr(1));
-    token.Text = "?";
-  }
-  return names;
-}
-
-/// "select *" and "a.*": what they give changes with the table.
-bool ListsAllColumns(const TTokens& tokens) {
-  for (std::size_t at = 1; at < tokens.size(); ++at) {
-    const TToken& previous = tokens[at - 1];
-    const bool beginsColumn = previous.IsWord("select") || previous.IsWord("distinct") ||
-                              previous.IsOperator(",") || previous.IsOperator(".");
-    if (tokens[at].IsOperator("*") && beginsColumn) return true;
-  }
-  return false;
+std::string AdaptedText(const TStatementShape& shape) {
+  TTokens tokens = Tokenize(shape.Text);
+  Adapt(tokens, MariaDbRules());
+  return TokensToText(tokens);
 }
 
 std::string ShownMessage(const TMariaDbFault& fault, std::string_view text) {
@@ -44,7 +25,7 @@ std::string ShownMessage(const TMariaDbFault& fault, std::string_view text) {
 }  // namespace
 
 void TMariaDbDatabase::Run(zanrole::TZANQuery& query, bool onSystem, zanrole::TDataSet* result) {
-  TRun run{query, onSystem, query.SQL().Text(), result};
+  TRun run{query, onSystem, query.SQL().Text(), result, FConnection->RoundTrips()};
   const auto start = std::chrono::steady_clock::now();
   try {
     Execute(run);
@@ -56,47 +37,49 @@ void TMariaDbDatabase::Run(zanrole::TZANQuery& query, bool onSystem, zanrole::TD
   TraceRun(run, start, nullptr);
 }
 
-void TMariaDbDatabase::UseDatabase(const std::string& database) {
-  if (FConnection->IsLost()) FCache.Clear();
-  FConnection->Use(database);
+const std::string& TMariaDbDatabase::DatabaseOf(const TRun& run) const {
+  return run.OnSystem ? FConnection->Url().System : FConnection->Url().Data;
+}
+
+TStatementCache<TMariaDbPrepared>& TMariaDbDatabase::CacheOf(const TRun& run) {
+  return FCaches[run.OnSystem ? 1 : 0];
+}
+
+void TMariaDbDatabase::UseDatabase(const TRun& run) { FConnection->Use(DatabaseOf(run)); }
+
+void TMariaDbDatabase::EnsureConnected() {
+  if (!FConnection->IsLost()) return;
+  for (TStatementCache<TMariaDbPrepared>& cache : FCaches) cache.Clear();
+  FConnection->EnsureConnected();
 }
 
 void TMariaDbDatabase::Execute(TRun& run) {
-  const std::string& database = run.OnSystem ? FConnection->Url().System : FConnection->Url().Data;
-  UseDatabase(database);
+  EnsureConnected();
   const TRunningStatement running(*FConnection);
-  // What a name means depends on the database in which the statement was prepared.
-  std::string key = database + "\n" + run.Text;
-  if (const auto cached = FCache.Find(key)) {
-    ExecutePrepared(run, *cached);
-  } else {
-    TStatementTexts texts = SplitStatements(run.Text);
-    if (texts.Statements.empty()) throw TMariaDbFault{"There is no statement.", "no statement"};
-    if (texts.IsBatch) return ExecuteBatch(run, texts);
-    ExecuteStatement(run, texts.Statements.front(), std::move(key));
-  }
+  TStatementReader reader(run.Text);
+  if (!reader.Read(FShape)) throw TMariaDbFault{"There is no statement.", "no statement"};
+  if (reader.IsBatch()) return ExecuteBatch(run, run.Text);
+  if (const auto batch = StatementsOfCall(FShape.Text)) return ExecuteBatch(run, *batch);
+  ExecuteSingle(run);
   if (run.Result != nullptr && !run.HasResult)
     throw TMariaDbFault{"The statement gives no result.", "no result"};
 }
 
-void TMariaDbDatabase::ExecuteBatch(TRun& run, TStatementTexts& texts) {
-  TMariaDbTransaction transaction(*FConnection);
-  for (TTokens& tokens : texts.Statements) ExecuteStatement(run, tokens, {});
-  if (run.Result != nullptr && !run.HasResult)
-    throw TMariaDbFault{"None of the statements gives a result.", "no result"};
-  transaction.Commit();
-}
-
-void TMariaDbDatabase::ExecuteStatement(TRun& run, TTokens& tokens, std::string key) {
-  std::string text = AdaptForMariaDb(tokens);
-  TTokens adapted = Tokenize(text);
-  std::vector<std::string> paramNames = TakeParameters(adapted);
-  if (paramNames.empty()) return ExecuteText(run, text);
-  const auto statement = Prepare(TokensToText(adapted), std::move(paramNames));
-  // The client refuses the rows of a statement that gives another number of columns than when it was
-  // prepared.
-  const bool kept = !key.empty() && key.size() <= kGreatestCachedText && !ListsAllColumns(adapted);
-  if (kept) FCache.Add(std::move(key), statement);
+void TMariaDbDatabase::ExecuteSingle(TRun& run) {
+  std::shared_ptr<TMariaDbPrepared> statement = CacheOf(run).Find(FShape);
+  if (statement != nullptr && statement->Handle != nullptr) {
+    if (FTrace != nullptr) NoteSent(run, AdaptedText(FShape));
+    return ExecutePrepared(run, *statement);
+  }
+  TTokens tokens = Tokenize(FShape.Text);
+  Adapt(tokens, MariaDbRules());
+  if (statement == nullptr) statement = Prepare(run, tokens);
+  const std::string text = TokensToText(tokens);
+  if (statement == nullptr || statement->Handle == nullptr) {
+    UseDatabase(run);
+    return ExecuteText(run, text);
+  }
+  NoteSent(run, text);
   ExecutePrepared(run, *statement);
 }
 
@@ -129,31 +112,21 @@ void TMariaDbDatabase::ReadTextResult(TRun& run) {
   run.HasResult = true;
 }
 
-std::shared_ptr<TMariaDbPrepared> TMariaDbDatabase::Prepare(std::string text,
-                                                            std::vector<std::string> paramNames) {
-  auto statement = std::make_shared<TMariaDbPrepared>();
-  statement->Handle.reset(mysql_stmt_init(FConnection->Handle()));
-  if (statement->Handle == nullptr) FConnection->Raise();
-  const my_bool measured = 1;
-  mysql_stmt_attr_set(statement->Handle.get(), STMT_ATTR_UPDATE_MAX_LENGTH, &measured);
-  if (mysql_stmt_prepare(statement->Handle.get(), text.data(), text.size()) != 0)
-    FConnection->Raise(statement->Handle.get());
-  statement->Sent = std::move(text);
-  statement->ParamNames = std::move(paramNames);
-  return statement;
-}
-
 void TMariaDbDatabase::ExecutePrepared(TRun& run, TMariaDbPrepared& statement) {
   static const TZanValue kNull;
-  NoteSent(run, statement.Sent);
   MYSQL_STMT* const handle = statement.Handle.get();
-  TMariaDbBinding binding(statement.ParamNames.size());
-  for (std::size_t i = 0; i < statement.ParamNames.size(); ++i) {
-    const zanrole::TParam* param = run.Query.Params().Find(statement.ParamNames[i]);
-    binding.Set(i, param != nullptr ? param->Value() : kNull);
+  TMariaDbBinding binding(statement.Sources.size());
+  for (std::size_t i = 0; i < statement.Sources.size(); ++i) {
+    const TParameterSource& source = statement.Sources[i];
+    if (source.Literal != TParameterSource::NoLiteral) {
+      binding.Set(i, FShape.Literals[source.Literal]);
+    } else {
+      const zanrole::TParam* param = run.Query.Params().Find(source.Name);
+      binding.Set(i, param != nullptr ? param->Value() : kNull);
+    }
   }
-  if (mysql_stmt_bind_param(handle, binding.Binds()) != 0 || mysql_stmt_execute(handle) != 0)
-    FConnection->Raise(handle);
+  if (mysql_stmt_bind_param(handle, binding.Binds()) != 0) FConnection->Raise(handle);
+  FConnection->Execute(handle);
   int more = 0;
   do {
     ReadPreparedResult(run, handle);
@@ -194,6 +167,7 @@ void TMariaDbDatabase::TraceRun(const TRun& run, std::chrono::steady_clock::time
   if (run.Sent != run.Text) entry.Sent = run.Sent;
   entry.Params = &run.Query.Params();
   entry.Rows = run.HasResult ? run.Result->RowCount() : run.Changed;
+  entry.RoundTrips = FConnection->RoundTrips() - run.RoundTripsBefore;
   entry.Time = std::chrono::duration_cast<std::chrono::microseconds>(time);
   if (fault != nullptr) {
     entry.Error = fault->Message;

@@ -115,6 +115,7 @@ TMariaDbFault DescribeFault(const TMariaDbError& error, const TMariaDbFaultConte
   TMariaDbFault fault;
   fault.Kind = fmt::format("error {} ({})", error.Number, error.State);
   fault.ConnectionLost = IsLostConnection(error.Number);
+  fault.Stopped = error.Number == ER_QUERY_INTERRUPTED || error.Number == ER_STATEMENT_TIMEOUT;
   if (fault.ConnectionLost) {
     fault.Message = fmt::format(
         "The connection to the database server {} was lost. It is not known whether the last step was done: "

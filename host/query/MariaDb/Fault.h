@@ -12,6 +12,7 @@ struct TMariaDbFault {
   std::string Kind;           ///< number and state of the error, free of values
   bool QuotesValues = false;  ///< the message may repeat a piece of the statement
   bool ConnectionLost = false;
+  bool Stopped = false;  ///< by a person, or by the limit of time
 };
 
 /// What a fault is told with.

@@ -13,7 +13,7 @@ using zanrole::EDatabaseError;
 namespace {
 
 // A server keeps some 16,000 prepared statements for all its sessions.
-constexpr std::size_t kCachedStatements = 64;
+constexpr std::size_t kCachedStatements = 48;
 
 std::unique_ptr<TMariaDbConnection> ConnectAndCheck(const TMariaDbUrl& url, TOpenMode mode) {
   try {
@@ -32,7 +32,9 @@ std::unique_ptr<TMariaDbConnection> ConnectAndCheck(const TMariaDbUrl& url, TOpe
 }  // namespace
 
 TMariaDbDatabase::TMariaDbDatabase(const TMariaDbUrl& url, TOpenMode mode)
-    : FConnection(ConnectAndCheck(url, mode)), FCache(kCachedStatements) {}
+    : FConnection(ConnectAndCheck(url, mode)),
+      FCaches{TStatementCache<TMariaDbPrepared>(kCachedStatements),
+              TStatementCache<TMariaDbPrepared>(kCachedStatements)} {}
 
 const TDialectFamily& TMariaDbDatabase::Family() const { return MySqlFamily(); }
 
@@ -54,7 +56,8 @@ void TMariaDbDatabase::SetLimits(TMariaDbLimits limits) {
 void TMariaDbDatabase::ExecScript(std::string_view script) {
   std::string_view running;
   try {
-    UseDatabase(FConnection->Url().Data);
+    EnsureConnected();
+    FConnection->Use(FConnection->Url().Data);
     const TRunningStatement interruptible(*FConnection);
     TMariaDbTransaction transaction(*FConnection);
     for (const std::string_view statement : SplitMariaDbScript(script)) {

@@ -1,16 +1,17 @@
 #pragma once
 
+#include <array>
 #include <chrono>
 #include <cstdint>
 #include <memory>
 #include <string>
 
-#include "host/query/Adaptation.h"
 #include "host/query/DataUrl.h"
 #include "host/query/Database.h"
 #include "host/query/MariaDb/Connection.h"
 #include "host/query/MariaDb/Prepared.h"
-#include "host/query/RecentlyUsed.h"
+#include "host/query/StatementCache.h"
+#include "host/query/StatementReader.h"
 
 namespace zanhost {
 
@@ -45,6 +46,7 @@ class TMariaDbDatabase final : public TDatabase {
     std::string Text;
     /// Where the first result goes; null when none is wanted.
     zanrole::TDataSet* Result;
+    std::int64_t RoundTripsBefore;
     bool HasResult = false;
     /// Rows that were changed.
     std::int64_t Changed = 0;
@@ -56,13 +58,28 @@ class TMariaDbDatabase final : public TDatabase {
   void Run(zanrole::TZANQuery& query, bool onSystem, zanrole::TDataSet* result);
 
   void Execute(TRun& run);
-  void UseDatabase(const std::string& database);
-  void ExecuteBatch(TRun& run, TStatementTexts& texts);
-  /// One statement: sent as it stands when it has no parameters, otherwise prepared; kept under `key`.
-  void ExecuteStatement(TRun& run, TTokens& tokens, std::string key);
-  void ExecuteText(TRun& run, const std::string& text);
+  /// What was prepared goes with a lost connection.
+  void EnsureConnected();
+  const std::string& DatabaseOf(const TRun& run) const;
+  TStatementCache<TMariaDbPrepared>& CacheOf(const TRun& run);
+  /// Brings the run's database into use. A prepared statement needs that only when it is prepared.
+  void UseDatabase(const TRun& run);
+
+  /// All statements in one transaction, by as few calls as the server takes them.
+  void ExecuteBatch(TRun& run, std::string_view batch);
+  /// One by one, as statements with parameters must be.
+  void ExecuteStepByStep(TRun& run, std::string_view batch);
+  static void CheckThatBatchGaveResult(const TRun& run);
+
+  // The statement of FShape:
+  void ExecuteSingle(TRun& run);
+  /// Null when it is to be sent as a text.
+  std::shared_ptr<TMariaDbPrepared> Prepare(const TRun& run, const TTokens& adapted);
+  bool ComesAgain(const TRun& run, const TTokens& bound);
+  void FillIn(TMariaDbPrepared& statement, TTokens& tokens, const TLiteralBinding& binding);
   void ExecutePrepared(TRun& run, TMariaDbPrepared& statement);
-  std::shared_ptr<TMariaDbPrepared> Prepare(std::string text, std::vector<std::string> paramNames);
+
+  void ExecuteText(TRun& run, const std::string& text);
   void ReadTextResult(TRun& run);
   void ReadPreparedResult(TRun& run, MYSQL_STMT* statement);
   void NoteSent(TRun& run, const std::string& text) const;
@@ -70,7 +87,12 @@ class TMariaDbDatabase final : public TDatabase {
 
   // Prepared statements go before the connection that they belong to.
   std::unique_ptr<TMariaDbConnection> FConnection;
-  TRecentlyUsed<TMariaDbPrepared> FCache;
+  /// Of the data and of the system database: what a name means depends on the database in which the statement
+  /// was prepared.
+  std::array<TStatementCache<TMariaDbPrepared>, 2> FCaches;
+  /// Of each statement that was sent as a text, a hash; a later one takes the place of an earlier one.
+  std::array<std::size_t, 256> FSentOnce{};
+  TStatementShape FShape;  ///< of the statement that was read last
   TTrace* FTrace = nullptr;
 };
 

@@ -62,10 +62,13 @@ bool CallsFunction(const TTokens& tokens, std::string_view name) {
 constexpr std::array<std::array<std::string_view, 2>, 2> kEscapedBackslashes{
     {{R"('\\')", R"('\')"}, {R"('\\\\')", R"('\\')"}}};
 
+bool IsRoleRename(const TTokens& tokens) {
+  return tokens.size() > 1 && tokens[0].IsWord("update") && tokens[1].IsWord("STUsers") &&
+         CallsFunction(tokens, "concat");
+}
+
 bool HalveBackslashesOfRoleRename(TTokens& tokens) {
-  const bool isRename = tokens.size() > 1 && tokens[0].IsWord("update") && tokens[1].IsWord("STUsers") &&
-                        CallsFunction(tokens, "concat");
-  if (!isRename) return false;
+  if (!IsRoleRename(tokens)) return false;
   bool changed = false;
   for (TToken& token : tokens) {
     for (const auto& [escaped, meant] : kEscapedBackslashes) {
@@ -99,5 +102,7 @@ constexpr std::array kRules{
 }  // namespace
 
 std::span<const TAdaptationRule> MariaDbRules() { return kRules; }
+
+bool RulesReadLiterals(const TTokens& statement) { return IsRoleRename(statement); }
 
 }  // namespace zanhost

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 
 #include "host/query/Adaptation.h"
 
@@ -10,11 +12,13 @@ namespace zanhost {
 /// What MariaDB needs to run the statements written for MySQL, in the order of application.
 std::span<const TAdaptationRule> MariaDbRules();
 
-/// The statement as it is sent. Its rules are those of MariaDbRules and, before them, one that looks into a
-/// call: call-argument: `call MySql_execute_MultiSql(…)` takes the statements to run as one text, which no
-/// rule would look into. The text is unquoted, each statement in it adapted, and quoted again; a text that
-/// was never quoted is quoted. Raises TMariaDbFault for such a call with parameters, which would be lost in
-/// the text.
-std::string AdaptForMariaDb(TTokens& tokens);
+/// A rule decides by what a literal of this statement holds, so that texts of its shape may fare differently.
+bool RulesReadLiterals(const TTokens& statement);
+
+/// call-argument: `call MySql_execute_MultiSql(…)` takes the statements to run as one text, which no rule
+/// would look into, and runs them one by one. This gives that text without its quotes (also one that was
+/// never quoted); none for any other statement. Raises TMariaDbFault for such a call with parameters, which
+/// would be lost in the text.
+std::optional<std::string> StatementsOfCall(std::string_view statement);
 
 }  // namespace zanhost

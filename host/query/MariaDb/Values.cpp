@@ -4,6 +4,8 @@
 #include <charconv>
 #include <string_view>
 
+#include "host/query/LiteralBinding.h"
+
 namespace zanhost {
 
 using zanrole::TZanValue;
@@ -25,29 +27,11 @@ TZanValue BitsOf(std::string_view bytes) {
   return static_cast<std::int64_t>(bits);
 }
 
-struct TBinder {
-  MYSQL_BIND& Bind;
-  std::string& Moment;
-
-  void operator()(std::monostate) const { Bind.buffer_type = MYSQL_TYPE_NULL; }
-  void operator()(const std::int64_t& number) const { Point(MYSQL_TYPE_LONGLONG, &number); }
-  void operator()(const double& number) const { Point(MYSQL_TYPE_DOUBLE, &number); }
-  void operator()(const bool& truth) const { Point(MYSQL_TYPE_TINY, &truth); }
-  void operator()(const std::string& text) const {
-    Point(MYSQL_TYPE_STRING, text.data());
-    Bind.buffer_length = static_cast<unsigned long>(text.size());
-  }
-  void operator()(zanrole::TDateTime time) const {
-    Moment = zanrole::DateTimeToText(time);
-    (*this)(Moment);
-  }
-
-  /// The client reads what is bound and never writes there.
-  void Point(enum_field_types type, const void* value) const {
-    Bind.buffer_type = type;
-    Bind.buffer = const_cast<void*>(value);
-  }
-};
+/// The client reads what is bound and never writes there.
+void Point(MYSQL_BIND& bind, enum_field_types type, const void* value) {
+  bind.buffer_type = type;
+  bind.buffer = const_cast<void*>(value);
+}
 
 }  // namespace
 
@@ -75,7 +59,36 @@ TZanValue ReadCell(const MYSQL_FIELD& field, const char* data, unsigned long len
 }
 
 void TMariaDbBinding::Set(std::size_t marker, const TZanValue& value) {
-  std::visit(TBinder{FBinds[marker], FMoments[marker]}, value);
+  MYSQL_BIND& bind = FBinds[marker];
+  if (std::holds_alternative<std::monostate>(value)) {
+    bind.buffer_type = MYSQL_TYPE_NULL;
+  } else if (const auto* number = std::get_if<std::int64_t>(&value)) {
+    Point(bind, MYSQL_TYPE_LONGLONG, number);
+  } else if (const auto* real = std::get_if<double>(&value)) {
+    Point(bind, MYSQL_TYPE_DOUBLE, real);
+  } else if (const auto* truth = std::get_if<bool>(&value)) {
+    Point(bind, MYSQL_TYPE_TINY, truth);
+  } else if (const auto* text = std::get_if<std::string>(&value)) {
+    BindText(marker, *text);
+  } else {
+    BindText(marker, FTexts[marker] = zanrole::DateTimeToText(std::get<zanrole::TDateTime>(value)));
+  }
+}
+
+void TMariaDbBinding::Set(std::size_t marker, const TToken& literal) {
+  if (literal.Kind == TTokenKind::Number) {
+    FNumbers[marker] = IntegerOf(literal);
+    Point(FBinds[marker], MYSQL_TYPE_LONGLONG, &FNumbers[marker]);
+  } else if (const auto text = WrittenContent(literal)) {
+    BindText(marker, *text);
+  } else {
+    BindText(marker, FTexts[marker] = LiteralContent(literal));
+  }
+}
+
+void TMariaDbBinding::BindText(std::size_t marker, std::string_view text) {
+  Point(FBinds[marker], MYSQL_TYPE_STRING, text.data());
+  FBinds[marker].buffer_length = static_cast<unsigned long>(text.size());
 }
 
 bool ReadRows(MYSQL_STMT* statement, const MYSQL_RES& columns, std::vector<TZanValue>& cells) {

@@ -1,9 +1,13 @@
 #pragma once
 
+#include <cstdint>
+#include <string>
+#include <string_view>
 #include <vector>
 
 #include "Frame/Host/Zandbs.h"
 #include "host/query/MariaDb/Handles.h"
+#include "host/query/Tokens.h"
 
 namespace zanhost {
 
@@ -15,14 +19,18 @@ zanrole::TZanValue ReadCell(const MYSQL_FIELD& field, const char* data, unsigned
 /// must outlive the run.
 class TMariaDbBinding {
  public:
-  explicit TMariaDbBinding(std::size_t markers) : FBinds(markers), FMoments(markers) {}
-  /// REQUIRES: marker is less than the number of markers.
+  explicit TMariaDbBinding(std::size_t markers) : FBinds(markers), FNumbers(markers), FTexts(markers) {}
+  // REQUIRES: marker is less than the number of markers.
   void Set(std::size_t marker, const zanrole::TZanValue& value);
+  void Set(std::size_t marker, const TToken& literal);
   MYSQL_BIND* Binds() { return FBinds.data(); }
 
  private:
+  void BindText(std::size_t marker, std::string_view text);
+
   std::vector<MYSQL_BIND> FBinds;
-  std::vector<std::string> FMoments;  ///< dates and times are sent as texts
+  std::vector<std::int64_t> FNumbers;  ///< of literals
+  std::vector<std::string> FTexts;     ///< dates and times are sent as texts; literals with quotes inside
 };
 
 /// Reads all rows of the result that a prepared statement stands on; false when the reading failed.

@@ -1,7 +1,7 @@
 #include <algorithm>
-#include <charconv>
 
 #include "host/query/Adaptation.h"
+#include "host/query/RecurringStatements.h"
 #include "host/query/Redaction.h"
 #include "host/query/Sqlite/Rules.h"
 #include "host/query/Sqlite/SqliteDatabase.h"
@@ -39,7 +39,7 @@ void TSqliteDatabase::Execute(TRun& run) {
   FRepeated.Note(run.Text, statement);
 }
 
-void TSqliteDatabase::ExecuteSingle(TRun& run, TPreparedStatement& statement, const TTokens& literals) {
+void TSqliteDatabase::ExecuteSingle(TRun& run, TSqlitePrepared& statement, const TTokens& literals) {
   if (run.Result != nullptr && sqlite3_column_count(statement.Handle.get()) == 0)
     throw TSqliteFault{"The statement gives no result.", "no result"};
   ExecuteStatement(run, statement, literals);
@@ -47,15 +47,26 @@ void TSqliteDatabase::ExecuteSingle(TRun& run, TPreparedStatement& statement, co
 
 void TSqliteDatabase::ExecuteBatch(TRun& run, TStatementReader& reader, bool hasStatement) {
   TSqliteTransaction transaction(FConnection);
-  for (; hasStatement; hasStatement = reader.Read(FShape))
-    ExecuteStatement(run, *FindStatement(), FShape.Literals);
+  TRecurringStatements<std::shared_ptr<TSqlitePrepared>> recurring;
+  while (hasStatement) {
+    const auto statement = FindStatement();
+    if (statement->ServesItsShape) {
+      recurring.Note(FShape, statement);
+    } else {
+      recurring.Forget();
+    }
+    ExecuteStatement(run, *statement, FShape.Literals);
+    while (const auto* known = recurring.Read(reader, FShape))
+      ExecuteStatement(run, **known, FShape.Literals);
+    hasStatement = reader.Read(FShape);
+  }
   if (reader.LacksEnd()) throw TSqliteFault{"The batch has a begin without an end.", "no end"};
   if (run.Result != nullptr && !run.HasResult)
     throw TSqliteFault{"None of the statements gives a result.", "no result"};
   transaction.Commit();
 }
 
-void TSqliteDatabase::ExecuteStatement(TRun& run, TPreparedStatement& statement, const TTokens& literals) {
+void TSqliteDatabase::ExecuteStatement(TRun& run, TSqlitePrepared& statement, const TTokens& literals) {
   ++run.Started;
   if (!statement.Sources.empty()) Bind(statement, run.Query, literals);
   const TStatementReset reset(statement.Handle.get());
@@ -87,14 +98,8 @@ struct TBinder {
 };
 
 int BindLiteral(const TBinder& binder, const TToken& literal) {
-  if (literal.Kind == TTokenKind::Number) {
-    std::int64_t number = 0;
-    std::from_chars(literal.Text.data(), literal.Text.data() + literal.Text.size(), number);
-    return binder(number);
-  }
-  const std::size_t open = literal.Text.find('\'') + 1;
-  const std::string_view written = literal.Text.substr(open, literal.Text.size() - open - 1);
-  if (written.find('\'') == std::string_view::npos) return binder(written);
+  if (literal.Kind == TTokenKind::Number) return binder(IntegerOf(literal));
+  if (const auto text = WrittenContent(literal)) return binder(*text);
   return binder.BindText(LiteralContent(literal), SQLITE_TRANSIENT);
 }
 
@@ -118,7 +123,7 @@ TZanValue ReadCell(sqlite3_stmt* statement, int column) {
 constexpr std::size_t kUsualValues = 16;
 
 /// Reads the names of the columns when the engine has prepared the statement anew since they were read.
-void RefreshColumns(TPreparedStatement& statement) {
+void RefreshColumns(TSqlitePrepared& statement) {
   sqlite3_stmt* const handle = statement.Handle.get();
   const int prepared = sqlite3_stmt_status(handle, SQLITE_STMTSTATUS_REPREPARE, 0);
   if (statement.ColumnsReadAt == prepared) return;
@@ -130,13 +135,12 @@ void RefreshColumns(TPreparedStatement& statement) {
 
 }  // namespace
 
-void TSqliteDatabase::Bind(TPreparedStatement& statement, zanrole::TZANQuery& query,
-                           const TTokens& literals) {
+void TSqliteDatabase::Bind(TSqlitePrepared& statement, zanrole::TZANQuery& query, const TTokens& literals) {
   static const TZanValue kNull;
   TBinder binder{statement.Handle.get(), 0};
-  for (const TPreparedStatement::TSource& source : statement.Sources) {
+  for (const TParameterSource& source : statement.Sources) {
     ++binder.Index;
-    if (source.Literal != TPreparedStatement::TSource::NoLiteral) {
+    if (source.Literal != TParameterSource::NoLiteral) {
       FConnection.Check(BindLiteral(binder, literals[source.Literal]));
     } else {
       const zanrole::TParam* param = query.Params().Find(source.Name);
@@ -145,7 +149,7 @@ void TSqliteDatabase::Bind(TPreparedStatement& statement, zanrole::TZANQuery& qu
   }
 }
 
-void TSqliteDatabase::ReadResult(TRun& run, TPreparedStatement& statement) {
+void TSqliteDatabase::ReadResult(TRun& run, TSqlitePrepared& statement) {
   sqlite3_stmt* const handle = statement.Handle.get();
   std::vector<TZanValue> cells;
   cells.reserve(kUsualValues);

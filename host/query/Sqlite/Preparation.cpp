@@ -8,11 +8,11 @@ namespace zanhost {
 namespace {
 
 /// Fills in where the parameters take their values from; those without a name are the places of literals.
-void ReadSources(TPreparedStatement& statement, const TLiteralBinding& binding) {
+void ReadSources(TSqlitePrepared& statement, const TLiteralBinding& binding) {
   sqlite3_stmt* const handle = statement.Handle.get();
   auto literal = binding.Bound.begin();
   for (int i = 1; i <= sqlite3_bind_parameter_count(handle); ++i) {
-    TPreparedStatement::TSource source;
+    TParameterSource source;
     const char* const name = sqlite3_bind_parameter_name(handle, i);
     if (name != nullptr) {
       source.Name = name + 1;
@@ -25,16 +25,16 @@ void ReadSources(TPreparedStatement& statement, const TLiteralBinding& binding) 
 
 }  // namespace
 
-std::shared_ptr<TPreparedStatement> TSqliteDatabase::FindStatement() {
+std::shared_ptr<TSqlitePrepared> TSqliteDatabase::FindStatement() {
   auto statement = FCache.Find(FShape);
   return statement != nullptr ? statement : Prepare();
 }
 
-std::shared_ptr<TPreparedStatement> TSqliteDatabase::Prepare() {
+std::shared_ptr<TSqlitePrepared> TSqliteDatabase::Prepare() {
   TTokens tokens = Tokenize(FShape.Text);
   Adapt(tokens, SqliteRules());
   const std::string text = TokensToText(tokens);
-  auto statement = std::make_shared<TPreparedStatement>();
+  auto statement = std::make_shared<TSqlitePrepared>();
   TLiteralBinding binding = BindLiterals(FShape, tokens);
   try {
     statement->Handle = FConnection.Prepare(TokensToText(tokens), binding.MayBeKept);
@@ -45,6 +45,7 @@ std::shared_ptr<TPreparedStatement> TSqliteDatabase::Prepare() {
     binding = {};
   }
   ReadSources(*statement, binding);
+  statement->ServesItsShape = binding.MayBeKept && binding.Fixed.empty();
   FCache.Add(FShape, binding, statement);
   return statement;
 }

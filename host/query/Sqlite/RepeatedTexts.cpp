@@ -11,7 +11,7 @@ const TRepeatedTexts::TKnown* TRepeatedTexts::Find(std::string_view text) {
   return known.Text == text ? &known : nullptr;
 }
 
-void TRepeatedTexts::Note(std::string_view text, const std::shared_ptr<TPreparedStatement>& statement) {
+void TRepeatedTexts::Note(std::string_view text, const std::shared_ptr<TSqlitePrepared>& statement) {
   if (text.size() > kGreatestText) return;
   TSlot& slot = FSlots[FHash % FSlots.size()];
   if (slot.LastHash == FHash) {

@@ -5,7 +5,8 @@
 #include <string>
 #include <string_view>
 
-#include "host/query/Sqlite/StatementCache.h"
+#include "host/query/Sqlite/Prepared.h"
+#include "host/query/StatementReader.h"
 
 namespace zanhost {
 
@@ -17,13 +18,13 @@ class TRepeatedTexts {
   struct TKnown {
     std::string Text;
     TStatementShape Shape;  ///< of Text
-    std::shared_ptr<TPreparedStatement> Statement;
+    std::shared_ptr<TSqlitePrepared> Statement;
   };
 
   /// Null when the text is not here. Lives until the next call of Note.
   const TKnown* Find(std::string_view text);
   /// Tells what the text of the last Find, which was not here, turned out to be.
-  void Note(std::string_view text, const std::shared_ptr<TPreparedStatement>& statement);
+  void Note(std::string_view text, const std::shared_ptr<TSqlitePrepared>& statement);
 
  private:
   struct TSlot {

@@ -19,7 +19,6 @@ using zanrole::EDatabaseError;
 namespace {
 
 constexpr std::size_t kCachedStatements = 256;
-constexpr std::size_t kGreatestCachedText = 16'384;
 
 std::string FileOfFolder(const std::string& folder) {
   return (std::filesystem::absolute(folder) / "zanrole.db").lexically_normal().string();
@@ -28,7 +27,7 @@ std::string FileOfFolder(const std::string& folder) {
 }  // namespace
 
 TSqliteDatabase::TSqliteDatabase(const std::string& folder, TOpenMode mode)
-    : FConnection(FileOfFolder(folder), mode), FCache(kCachedStatements, kGreatestCachedText) {}
+    : FConnection(FileOfFolder(folder), mode), FCache(kCachedStatements) {}
 
 const TDialectFamily& TSqliteDatabase::Family() const { return SqliteFamily(); }
 

@@ -8,7 +8,7 @@
 #include "host/query/Database.h"
 #include "host/query/Sqlite/Connection.h"
 #include "host/query/Sqlite/RepeatedTexts.h"
-#include "host/query/Sqlite/StatementCache.h"
+#include "host/query/StatementCache.h"
 #include "host/query/StatementReader.h"
 
 namespace zanhost {
@@ -51,19 +51,19 @@ class TSqliteDatabase final : public TDatabase {
 
   void Execute(TRun& run);
   void ExecuteBatch(TRun& run, TStatementReader& reader, bool hasStatement);
-  void ExecuteSingle(TRun& run, TPreparedStatement& statement, const TTokens& literals);
+  void ExecuteSingle(TRun& run, TSqlitePrepared& statement, const TTokens& literals);
   /// `literals` are those of the module's text.
-  void ExecuteStatement(TRun& run, TPreparedStatement& statement, const TTokens& literals);
+  void ExecuteStatement(TRun& run, TSqlitePrepared& statement, const TTokens& literals);
   /// The statement of FShape, from the cache or prepared now.
-  std::shared_ptr<TPreparedStatement> FindStatement();
-  std::shared_ptr<TPreparedStatement> Prepare();
-  void Bind(TPreparedStatement& statement, zanrole::TZANQuery& query, const TTokens& literals);
-  void ReadResult(TRun& run, TPreparedStatement& statement);
+  std::shared_ptr<TSqlitePrepared> FindStatement();
+  std::shared_ptr<TSqlitePrepared> Prepare();
+  void Bind(TSqlitePrepared& statement, zanrole::TZANQuery& query, const TTokens& literals);
+  void ReadResult(TRun& run, TSqlitePrepared& statement);
   void TraceRun(const TRun& run, std::chrono::steady_clock::time_point start, sqlite3_int64 changesBefore,
                 const TSqliteFault* fault);
 
   TSqliteConnection FConnection;
-  TStatementCache FCache;
+  TStatementCache<TSqlitePrepared> FCache;
   TRepeatedTexts FRepeated;
   TStatementShape FShape;  ///< of the statement that was read last
   TTrace* FTrace = nullptr;

@@ -1,0 +1,68 @@
+#include "host/query/StatementPattern.h"
+
+#include <algorithm>
+
+namespace zanhost {
+
+namespace {
+
+constexpr std::size_t kNoLiteral = 0;
+
+std::size_t LengthOfNumber(std::string_view text) {
+  const auto end = std::find_if(text.begin(), text.end(), [](char c) { return c < '0' || c > '9'; });
+  const auto length = static_cast<std::size_t>(end - text.begin());
+  return length <= kMostDigits ? length : kNoLiteral;
+}
+
+/// Of a text from its first quote to its closing one.
+std::size_t LengthOfQuoted(std::string_view text) {
+  if (!text.starts_with('\'')) return kNoLiteral;
+  std::size_t close = text.find('\'', 1);
+  while (close != std::string_view::npos && text.substr(close + 1).starts_with('\''))
+    close = text.find('\'', close + 2);
+  if (close == std::string_view::npos) return kNoLiteral;
+  // Engines end a statement at a zero byte.
+  return text.substr(0, close).find('\0') == std::string_view::npos ? close + 1 : kNoLiteral;
+}
+
+std::size_t LengthOfLiteral(std::string_view text, TTokenKind kind) {
+  if (kind == TTokenKind::Number) return LengthOfNumber(text);
+  if (kind == TTokenKind::Text) return LengthOfQuoted(text);
+  if (!text.starts_with('N') && !text.starts_with('n')) return kNoLiteral;
+  const std::size_t quoted = LengthOfQuoted(text.substr(1));
+  return quoted != kNoLiteral ? quoted + 1 : kNoLiteral;
+}
+
+bool BeginsWithSemicolon(std::string_view text) {
+  const std::size_t sign = text.find_first_not_of(" \t\r\n");
+  return sign != std::string_view::npos && text[sign] == ';';
+}
+
+}  // namespace
+
+TStatementPattern::TStatementPattern(const TStatementShape& shape) {
+  const char* from = shape.Text.data();
+  for (const TToken& literal : shape.Literals) {
+    FPieces.push_back({std::string(from, literal.Text.data()), literal.Kind});
+    from = literal.Text.data() + literal.Text.size();
+  }
+  FEnd.assign(from, shape.Text.data() + shape.Text.size());
+}
+
+std::size_t TStatementPattern::Match(std::string_view text, TTokens& literals) const {
+  literals.clear();
+  std::size_t at = 0;
+  for (const TPiece& piece : FPieces) {
+    if (!text.substr(at).starts_with(piece.Text)) return 0;
+    at += piece.Text.size();
+    const std::size_t length = LengthOfLiteral(text.substr(at), piece.Literal);
+    if (length == kNoLiteral) return 0;
+    literals.push_back({piece.Literal, {}, text.substr(at, length)});
+    at += length;
+  }
+  if (!text.substr(at).starts_with(FEnd)) return 0;
+  at += FEnd.size();
+  return BeginsWithSemicolon(text.substr(at)) ? at : 0;
+}
+
+}  // namespace zanhost
