@@ -82,10 +82,14 @@ namespace {
 
 class TPlainSystemInfo final : public TSystemInfo {
  public:
-  int NewDjLsh(std::string_view /*name*/) override { return ++FLast; }
+  explicit TPlainSystemInfo(std::vector<std::string>& drawn) : FDrawn(drawn) {}
+  int NewDjLsh(std::string_view name) override {
+    FDrawn.emplace_back(name);
+    return static_cast<int>(FDrawn.size());
+  }
 
  private:
-  int FLast = 0;
+  std::vector<std::string>& FDrawn;
 };
 
 class TBooleanFieldHelper final : public TDBFieldHelper {
@@ -256,7 +260,12 @@ class TReadableCipher final : public TCipher {
 
 struct TRecordingHost::TParts {
   TParts(TRecordingHost& host, TDialect dialect)
-      : Databases(host, dialect), Dialogs(host), Forms(host), FuncManager(host), WebServices(host) {}
+      : SystemInfo(host.NumbersDrawn),
+        Databases(host, dialect),
+        Dialogs(host),
+        Forms(host),
+        FuncManager(host),
+        WebServices(host) {}
   TPlainSystemInfo SystemInfo;
   TRecordingDatabases Databases;
   TPlainTexts Resources;
