@@ -15,6 +15,7 @@ void AddSchemaCommand(CLI::App& program, TRun& run);
 void AddSampleCommand(CLI::App& program, TRun& run);
 void AddFunctionsCommand(CLI::App& program, TRun& run);
 void AddCallCommand(CLI::App& program, TRun& run);
+void AddAskCommand(CLI::App& program, TRun& run);
 void AddScriptCommand(CLI::App& program, TRun& run);
 void AddWorkerCommand(CLI::App& program, TRun& run);
 void AddPasswdCommand(CLI::App& program, TRun& run);

@@ -18,6 +18,7 @@ void AddCommands(CLI::App& program, zanhost::TRun& run) {
   zanhost::AddSchemaCommand(program, run);
   zanhost::AddFunctionsCommand(program, run);
   zanhost::AddCallCommand(program, run);
+  zanhost::AddAskCommand(program, run);
   zanhost::AddScriptCommand(program, run);
   zanhost::AddPasswdCommand(program, run);
   zanhost::AddBackupCommand(program, run);

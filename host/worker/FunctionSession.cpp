@@ -30,16 +30,17 @@ TFunctionSession::TFunctionSession(const TSessionOptions& options, TNoConsole::T
   if (options.Domain) FInstallation.Module().Entries()->SetCurrentDomainID(*options.Domain);
 }
 
-TCallOutcome TFunctionSession::Call(std::string_view name, const TNamedValues& inputs) {
+template <typename TRunOperation>
+auto TFunctionSession::Logged(std::string name, const TRunOperation& run) {
   const auto start = std::chrono::steady_clock::now();
-  TOperation operation{FSessionName, FLogin.Login, fmt::format("call {}", name), "ok", {}};
+  TOperation operation{FSessionName, FLogin.Login, std::move(name), "ok", {}};
   const auto write = [&] {
     operation.Took =
         std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::steady_clock::now() - start);
     FInstallation.Log().Write(operation);
   };
   try {
-    TCallOutcome outcome = CallFunction(FHost.FuncManager(), name, inputs);
+    auto outcome = run();
     write();
     return outcome;
   } catch (const std::exception& fault) {
@@ -47,6 +48,16 @@ TCallOutcome TFunctionSession::Call(std::string_view name, const TNamedValues& i
     write();
     throw;
   }
+}
+
+TCallOutcome TFunctionSession::Call(std::string_view name, const TNamedValues& inputs) {
+  return Logged(fmt::format("call {}", name),
+                [&] { return CallFunction(FHost.FuncManager(), name, inputs); });
+}
+
+zanrole::TServiceAnswer TFunctionSession::Ask(const TServiceQuestion& question) {
+  return Logged(fmt::format("ask {}", question.Operation),
+                [&] { return AskService(FInstallation.Module(), question); });
 }
 
 }  // namespace zanhost

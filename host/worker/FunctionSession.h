@@ -4,6 +4,7 @@
 #include "host/worker/HostSession.h"
 #include "host/worker/Installation.h"
 #include "host/worker/NoConsole.h"
+#include "host/worker/ServiceQuestion.h"
 
 namespace zanhost {
 
@@ -16,12 +17,18 @@ class TFunctionSession {
 
   /// As zanhost::CallFunction; writes one line to the installation's log.
   TCallOutcome Call(std::string_view name, const TNamedValues& inputs);
+  /// As zanhost::AskService; writes one line to the installation's log.
+  zanrole::TServiceAnswer Ask(const TServiceQuestion& question);
   /// All functions of the installation, in the order of the module's table.
   const std::vector<TFunction>& Functions() { return FHost.FuncManager().Functions(); }
   /// As THostFuncManager::Duplicates.
   const std::vector<std::string>& Duplicates() { return FHost.FuncManager().Duplicates(); }
 
  private:
+  /// Runs an operation and writes a line about it to the installation's log.
+  template <typename TRunOperation>
+  auto Logged(std::string name, const TRunOperation& run);
+
   TInstallation FInstallation;
   TLogin FLogin;
   TNoConsole FScreen;

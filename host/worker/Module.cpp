@@ -45,6 +45,7 @@ TModule LoadModule(const std::filesystem::path& path) {
   LookUp(library, "PackageUnload", path, module.Unload);
   LookUp(library, "ZanroleFuncClasses", path, module.FuncClasses);
   LookUp(library, "ZanroleEntries", path, module.Entries);
+  LookUp(library, "ZanroleServiceOperations", path, module.ServiceOperations);
   LookUp(library, "ZanroleSessionCreate", path, module.SessionCreate);
   LookUp(library, "ZanroleSessionDestroy", path, module.SessionDestroy);
   LookUp(library, "ZanroleSessionMakeCurrent", path, module.SessionMakeCurrent);

@@ -21,6 +21,7 @@ struct TModule {
   decltype(&zanrole::PackageUnload) Unload = nullptr;
   decltype(&zanrole::ZanroleFuncClasses) FuncClasses = nullptr;
   decltype(&zanrole::ZanroleEntries) Entries = nullptr;
+  decltype(&zanrole::ZanroleServiceOperations) ServiceOperations = nullptr;
   decltype(&zanrole::ZanroleSessionCreate) SessionCreate = nullptr;
   decltype(&zanrole::ZanroleSessionDestroy) SessionDestroy = nullptr;
   decltype(&zanrole::ZanroleSessionMakeCurrent) SessionMakeCurrent = nullptr;

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "Frame/Host/Host.h"
+#include "Frame/Host/Services.h"
 #include "Frame/Host/Un_basefunc.h"
 
 // What a host looks up in the loaded module, each under its own name. The calling order is:
@@ -34,6 +35,9 @@ ZAN_EXPORT void PackageUnload();
 /// The table of function classes, and how many rows it has. It lives as long as the module is loaded.
 ZAN_EXPORT const TFuncClass* ZanroleFuncClasses(std::size_t* count);
 ZAN_EXPORT const TZanroleEntries* ZanroleEntries();
+/// The operations of the services that other modules use, and how many they are. They live as long as the
+/// module is loaded.
+ZAN_EXPORT const TServiceOperation* ZanroleServiceOperations(std::size_t* count);
 /// A session for one login; ended by ZanroleSessionDestroy, which runs its finalisation.
 ZAN_EXPORT TSession* ZanroleSessionCreate(THostSession* host);
 ZAN_EXPORT void ZanroleSessionDestroy(TSession* session);

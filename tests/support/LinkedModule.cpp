@@ -10,6 +10,7 @@ zanhost::TModule LinkedModule() {
   module.Unload = &zanrole::PackageUnload;
   module.FuncClasses = &zanrole::ZanroleFuncClasses;
   module.Entries = &zanrole::ZanroleEntries;
+  module.ServiceOperations = &zanrole::ZanroleServiceOperations;
   module.SessionCreate = &zanrole::ZanroleSessionCreate;
   module.SessionDestroy = &zanrole::ZanroleSessionDestroy;
   module.SessionMakeCurrent = &zanrole::ZanroleSessionMakeCurrent;
