@@ -32,7 +32,7 @@ constexpr std::string_view kDrawTailSqlite =
     "), 0) + 1)\n"
     "on conflict (Name) do update set LastValue = max(LastValue + 1, excluded.LastValue)\n"
     "returning LastValue";
-constexpr std::string_view kDrawTailMySql =
+constexpr std::string_view kDrawTailMariaDb =
     "), 0) + 1)\n"
     "on duplicate key update LastValue = greatest(LastValue + 1, values(LastValue))\n"
     "returning LastValue";
@@ -46,11 +46,11 @@ std::string Folded(std::string_view name) {
   return folded;
 }
 
-std::string DrawStatement(zanrole::TDialect dialect, std::string_view foldedName) {
+std::string DrawStatement(TServerKind server, std::string_view foldedName) {
   const auto counter = std::ranges::find(kCounters, foldedName, &TCounter::Name);
   std::string statement(kDrawHead);
   statement += counter == kCounters.end() ? std::string_view("0") : counter->HighestInUse;
-  return statement += dialect == zanrole::TDialect::MySql ? kDrawTailMySql : kDrawTailSqlite;
+  return statement += server == TServerKind::MariaDb ? kDrawTailMariaDb : kDrawTailSqlite;
 }
 
 }  // namespace
@@ -58,7 +58,7 @@ std::string DrawStatement(zanrole::TDialect dialect, std::string_view foldedName
 int NewDjLsh(TDatabase& database, std::string_view name) {
   const std::string folded = Folded(name);
   const auto query = database.GetQuery();
-  query->SQL().SetText(DrawStatement(database.Dialect(), folded));
+  query->SQL().SetText(DrawStatement(database.Server(), folded));
   query->ParamByName("Name").AsString(folded);
   query->Open();
   return query->Fields(0).AsInteger();

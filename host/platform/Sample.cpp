@@ -34,8 +34,8 @@ struct TWholeStatements {
 };
 
 // clang-format off
-constexpr TWholeStatements kWholeSqlite{"savepoint ZanSample", "rollback to ZanSample", "release ZanSample", "release ZanSample"};
-constexpr TWholeStatements kWholeMySql {"start transaction",   "rollback",              "",                  "commit"};
+constexpr TWholeStatements kWholeSqlite {"savepoint ZanSample", "rollback to ZanSample", "release ZanSample", "release ZanSample"};
+constexpr TWholeStatements kWholeMariaDb{"start transaction",   "rollback",              "",                  "commit"};
 // clang-format on
 
 // The rows of a sample, all or none of them. The single statements of the writers run inside it.
@@ -43,7 +43,7 @@ class TWholeSample {
  public:
   explicit TWholeSample(TDatabase& database)
       : FDatabase(database),
-        FStatements(database.Dialect() == zanrole::TDialect::MySql ? kWholeMySql : kWholeSqlite) {
+        FStatements(database.Server() == TServerKind::Sqlite ? kWholeSqlite : kWholeMariaDb) {
     Execute(database, FStatements.Begin);
   }
   ~TWholeSample() {

@@ -2,7 +2,9 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <string>
+#include <vector>
 
 #include "host/platform/SchemaFiles.h"
 
@@ -13,7 +15,7 @@ namespace {
 // clang-format off
 constexpr std::string_view kFindVersionTableSqlite =
     "select 1 from sqlite_master where type = 'table' and name = 'ZanSchemaVersion'";
-constexpr std::string_view kFindVersionTableMySql =
+constexpr std::string_view kFindVersionTableMariaDb =
     "select 1 from information_schema.tables\n"
     "where table_schema = database() and table_name = 'zanschemaversion'";
 
@@ -24,7 +26,7 @@ constexpr std::string_view kNoteVersionSqlite =
     "insert into ZanSchemaVersion (Version, InstalledAt)\n"
     "select {0}, datetime('now', 'localtime')\n"
     "where not exists (select 1 from ZanSchemaVersion where Version >= {0});\n";
-constexpr std::string_view kNoteVersionMySql =
+constexpr std::string_view kNoteVersionMariaDb =
     "\n"
     "delete from ZanSchemaVersion where Version < {0};\n"
     "insert ignore into ZanSchemaVersion (Version, InstalledAt)\n"
@@ -32,11 +34,11 @@ constexpr std::string_view kNoteVersionMySql =
     "where not exists (select 1 from ZanSchemaVersion where Version >= {0});\n";
 // clang-format on
 
-bool IsMySql(TDatabase& database) { return database.Dialect() == zanrole::TDialect::MySql; }
+bool IsMariaDb(TDatabase& database) { return database.Server() == TServerKind::MariaDb; }
 
 bool HasVersionTable(TDatabase& database) {
   const auto query = database.GetQuery();
-  query->SQL().SetText(IsMySql(database) ? kFindVersionTableMySql : kFindVersionTableSqlite);
+  query->SQL().SetText(IsMariaDb(database) ? kFindVersionTableMariaDb : kFindVersionTableSqlite);
   query->Open();
   return !query->Eof();
 }
@@ -47,6 +49,23 @@ std::string SqliteScript() {
   return script += fmt::format(kNoteVersionSqlite, kSchemaVersion);
 }
 
+/// The scripts for Oracle, with MariaDB's own in place of those that it cannot run.
+std::vector<TSchemaFile> OracleModeFiles() {
+  const auto scripts = OracleSchemaFiles();
+  std::vector<TSchemaFile> files(scripts.begin(), scripts.end());
+  for (const TSchemaFile& own : MariaDbOracleSchemaFiles()) {
+    const auto replaced = std::ranges::find(files, own.Name, &TSchemaFile::Name);
+    if (replaced != files.end()) replaced->Text = own.Text;
+  }
+  return files;
+}
+
+std::vector<TSchemaFile> MariaDbFiles(zanrole::TDialect dialect) {
+  if (dialect == zanrole::TDialect::Oracle) return OracleModeFiles();
+  const auto scripts = MySqlSchemaFiles();
+  return {scripts.begin(), scripts.end()};
+}
+
 std::string UseDatabaseOf(zanrole::TZANQuery& query) {
   query.SQL().SetText("select database()");
   query.Open();
@@ -54,19 +73,21 @@ std::string UseDatabaseOf(zanrole::TZANQuery& query) {
 }
 
 /// The tables of both databases when `withTables` is set, and the routines in each.
-std::string MySqlScript(TDatabase& database, bool withTables) {
+std::string MariaDbScript(TDatabase& database, bool withTables) {
   const std::string useData = UseDatabaseOf(*database.GetQuery());
   const std::string useSystem = UseDatabaseOf(*database.GetSysQuery());
+  const auto isNamed = [](const TSchemaFile& file, std::string_view word) {
+    return file.Name.find(word) != std::string_view::npos;
+  };
   std::string script;
-  for (const TSchemaFile& file : MySqlSchemaFiles()) {
-    if (file.Name.find("routines") != std::string_view::npos) {
+  for (const TSchemaFile& file : MariaDbFiles(database.Dialect())) {
+    if (isNamed(file, "routines") || isNamed(file, "helpers")) {
       script.append(useData).append(file.Text).append(useSystem).append(file.Text);
     } else if (withTables) {
-      const bool ofSystem = file.Name.find("system") != std::string_view::npos;
-      script.append(ofSystem ? useSystem : useData).append(file.Text);
+      script.append(isNamed(file, "system") ? useSystem : useData).append(file.Text);
     }
   }
-  return script + useData + fmt::format(kNoteVersionMySql, kSchemaVersion);
+  return script + useData + fmt::format(kNoteVersionMariaDb, kSchemaVersion);
 }
 
 void RefuseLaterVersion(int installed) {
@@ -91,8 +112,8 @@ int InstallSchema(TDatabase& database) {
   const int installed = InstalledSchemaVersion(database);
   RefuseLaterVersion(installed);
   const bool complete = installed == kSchemaVersion;
-  if (complete && !IsMySql(database)) return installed;
-  database.ExecScript(IsMySql(database) ? MySqlScript(database, !complete) : SqliteScript());
+  if (complete && !IsMariaDb(database)) return installed;
+  database.ExecScript(IsMariaDb(database) ? MariaDbScript(database, !complete) : SqliteScript());
   const int reached = InstalledSchemaVersion(database);
   RefuseLaterVersion(reached);
   return reached;

@@ -11,9 +11,12 @@ struct TSchemaFile {
   std::string_view Text;
 };
 
-// The schema of the embedded database, and of MySQL's dialect, in the order in which it runs. They live as
+// The schemas of the embedded database and of the dialects, each in the order in which it runs. They live as
 // long as the program.
 std::span<const TSchemaFile> SqliteSchemaFiles();
 std::span<const TSchemaFile> MySqlSchemaFiles();
+std::span<const TSchemaFile> OracleSchemaFiles();
+/// What MariaDB in its Oracle mode runs in place of the files of the same name for Oracle.
+std::span<const TSchemaFile> MariaDbOracleSchemaFiles();
 
 }  // namespace zanhost

@@ -10,11 +10,17 @@ namespace zanhost {
 
 class TTrace;
 
+/// Which server runs the statements. The host's own statements go by it, those of the module by the dialect:
+/// a server may be used in the dialect of another one.
+enum class TServerKind { Sqlite, MariaDb, SqlServer, Oracle };
+
 /// The databases of one session: one connection, used by one thread at a time. It outlives its queries.
 class TDatabase : public zanrole::TDatabaseServices {
  public:
   /// The dialect that the module speaks here; from it comes what a host's databases offer for a dialect.
   virtual const TDialectFamily& Family() const = 0;
+
+  virtual TServerKind Server() const = 0;
 
   zanrole::TDialect Dialect() const final { return Family().Dialect; }
   std::string ServerType() const final { return std::string(Family().ServerType); }

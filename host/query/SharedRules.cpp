@@ -48,6 +48,32 @@ bool RenameCalls(TTokens& tokens, std::string_view from, std::string_view to) {
   return changed;
 }
 
+bool NationalTextToText(TTokens& tokens) {
+  bool changed = false;
+  for (TToken& token : tokens) {
+    if (token.Kind != TTokenKind::NationalText) continue;
+    token.Kind = TTokenKind::Text;
+    token.Text.remove_prefix(1);
+    // 'a'N'b' must not become one text.
+    if (token.Before.empty()) token.Before = " ";
+    changed = true;
+  }
+  return changed;
+}
+
+bool WithToWithRecursive(TTokens& tokens) {
+  bool changed = false;
+  for (std::size_t at = 0; at + 1 < tokens.size(); ++at) {
+    if (!tokens[at].IsWord("with") || tokens[at + 1].IsWord("recursive")) continue;
+    const bool beginsStatement = at == 0 || tokens[at - 1].IsOperator(";") ||
+                                 tokens[at - 1].IsWord("begin") || tokens[at - 1].IsWord("then");
+    if (!beginsStatement) continue;
+    tokens[at].Text = "with recursive";
+    changed = true;
+  }
+  return changed;
+}
+
 bool PlusOfTextsToConcatenation(TTokens& tokens) {
   bool changed = false;
   for (std::size_t at = 1; at + 1 < tokens.size(); ++at) {

@@ -11,6 +11,12 @@ namespace zanhost {
 /// Replaces the name of each call `from(` by `to`. `to` is a constant.
 bool RenameCalls(TTokens& tokens, std::string_view from, std::string_view to);
 
+/// N'text' becomes 'text'.
+bool NationalTextToText(TTokens& tokens);
+
+/// "with" at the beginning of a statement, also of one in a block, becomes "with recursive".
+bool WithToWithRecursive(TTokens& tokens);
+
 /// "+" becomes "||" unless a number literal stands beside it.
 bool PlusOfTextsToConcatenation(TTokens& tokens);
 

@@ -1,8 +1,5 @@
 -- Indexes of the data database that the statements want. Keys of the tables stand with the tables.
 
--- A login belongs to one user. Roles and accounts without a login stay out of it.
-begin ZanMake('create unique index UX_STUsers_Login on STUsers (case when uGroup = 0 then UserID end)'); end;
-/
 begin ZanMake('create index IX_STUsers_UserID on STUsers (UserID)'); end;
 /
 begin ZanMake('create index IX_STUsers_UserName on STUsers (UserName)'); end;

@@ -9,10 +9,8 @@
 #include "host/platform/Numbering.h"
 #include "host/platform/Sample.h"
 #include "host/platform/Schema.h"
-#include "host/query/DataUrl.h"
 #include "host/query/MariaDb/MariaDbDatabase.h"
-#include "tests/host/Rows.h"
-#include "tests/support/MariaDbServer.h"
+#include "tests/host/MariaDbFixture.h"
 
 namespace zantest {
 
@@ -21,60 +19,10 @@ using zanrole::EDatabaseError;
 
 namespace {
 
-std::string Cell(zanhost::TDatabase& database, std::string_view text) {
-  const auto query = database.GetQuery();
-  query->SQL().SetText(text);
-  query->Open();
-  return query->Eof() ? "(none)" : query->Fields(0).AsString();
-}
-
 /// A thousand million rows: minutes of work.
 constexpr std::string_view kLongStatement =
     "with s(n) as (select 1 union all select n + 1 from s where n < 1000) "
     "select count(*) from s a, s b, s c where a.n + 1 <> b.n * c.n";
-
-/// The sentence with which the work fails.
-template <typename TWork>
-std::string FaultOf(TWork work) {
-  try {
-    work();
-  } catch (const EDatabaseError& error) {
-    return error.Message();
-  }
-  return "(no fault)";
-}
-
-testing::AssertionResult Holds(const std::string& text, std::string_view part) {
-  if (text.find(part) != std::string::npos) return testing::AssertionSuccess();
-  return testing::AssertionFailure() << '"' << text << "\" lacks \"" << part << '"';
-}
-
-/// Databases of its own on the server of this program.
-class MariaDb : public testing::Test {
- protected:
-  void SetUp() override {
-    const std::string whyNot = WhyNoMariaDbServer();
-    if (!whyNot.empty()) GTEST_SKIP() << whyNot;
-    FDatabase = Open();
-  }
-  void TearDown() override {
-    if (FDatabase == nullptr) return;
-    Execute(*FDatabase, "drop database " + FData);
-    Execute(*Open(), "drop database " + FSystem);
-  }
-
-  std::string Url() const { return TMariaDbServer::Instance().Url(FData, FSystem); }
-  std::unique_ptr<zanhost::TDatabase> Open(TOpenMode mode = TOpenMode::CreateIfMissing) {
-    return zanhost::OpenDatabase(Url(), mode);
-  }
-  zanhost::TDatabase& Database() { return *FDatabase; }
-
- private:
-  static inline int FMade = 0;
-  std::string FData = "host_data_" + std::to_string(++FMade);
-  std::string FSystem = "host_system_" + std::to_string(FMade);
-  std::unique_ptr<zanhost::TDatabase> FDatabase;
-};
 
 }  // namespace
 

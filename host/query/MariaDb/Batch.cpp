@@ -36,9 +36,14 @@ class TJoinedStatements {
 /// The rules leave each statement of a shape as it is.
 struct TUnchanged {};
 
+void CheckEnd(const TStatementReader& reader) {
+  if (reader.LacksEnd()) throw TMariaDbFault{"The batch has a begin without an end.", "no end"};
+}
+
 /// Adapts the statements of a batch and joins them; false for a statement with a parameter, which no text can
 /// hold.
-bool JoinStatements(std::string_view batch, TJoinedStatements& joined) {
+bool JoinStatements(std::string_view batch, std::span<const TAdaptationRule> rules,
+                    TJoinedStatements& joined) {
   TStatementReader reader(batch);
   TRecurringStatements<TUnchanged> recurring;
   TStatementShape shape;
@@ -46,7 +51,7 @@ bool JoinStatements(std::string_view batch, TJoinedStatements& joined) {
     TTokens tokens = Tokenize(shape.Text);
     const bool settled = shape.HasPlainLiterals && !RulesReadLiterals(tokens);
     if (HasParameters(tokens)) return false;
-    const bool changed = Adapt(tokens, MariaDbRules());
+    const bool changed = Adapt(tokens, rules);
     joined.Add(changed ? TokensToText(tokens) : shape.Text);
     if (changed || !settled) {
       recurring.Forget();
@@ -55,24 +60,61 @@ bool JoinStatements(std::string_view batch, TJoinedStatements& joined) {
     }
     while (recurring.Read(reader, shape)) joined.Add(shape.Text);
   }
-  if (reader.LacksEnd()) throw TMariaDbFault{"The batch has a begin without an end.", "no end"};
+  CheckEnd(reader);
   return true;
+}
+
+/// The batch between begin and end, whether it has them or not.
+std::string BlockOf(std::string_view batch) {
+  std::string block = "begin\n";
+  TStatementReader reader(batch);
+  for (TStatementShape shape; reader.Read(shape);) block.append(shape.Text).append(";\n");
+  CheckEnd(reader);
+  return block += "end";
 }
 
 }  // namespace
 
 void TMariaDbDatabase::ExecuteBatch(TRun& run, std::string_view batch) {
   UseDatabase(run);
-  TJoinedStatements joined(batch.size() < kSureText ? kSureText : FConnection->GreatestText());
+  TJoinedStatements joined(GreatestTextFor(batch));
   joined.Add(kBeginTransaction);
-  if (!JoinStatements(batch, joined)) return ExecuteStepByStep(run, batch);
+  if (!JoinStatements(batch, FFlavour.Rules(), joined)) return ExecuteStepByStep(run, batch);
   // Whether there is a result is known before the end.
-  const bool wantsResult = run.Result != nullptr;
-  if (!wantsResult) joined.Add(kCommitTransaction);
+  if (run.Result == nullptr) joined.Add(kCommitTransaction);
+  ExecuteTransaction(run, joined.Texts());
+}
+
+std::size_t TMariaDbDatabase::GreatestTextFor(std::string_view batch) {
+  return batch.size() < kSureText ? kSureText : FConnection->GreatestText();
+}
+
+void TMariaDbDatabase::ExecuteTransaction(TRun& run, const std::vector<std::string>& texts) {
   TMariaDbTransaction transaction(*FConnection, TMariaDbTransaction::TBegunByText());
-  for (const std::string& text : joined.Texts()) ExecuteText(run, text);
-  if (!wantsResult) return transaction.NoteCommit();
+  for (const std::string& text : texts) ExecuteText(run, text);
+  if (run.Result == nullptr) return transaction.NoteCommit();
   CheckThatBatchGaveResult(run);
+  transaction.Commit();
+}
+
+void TMariaDbDatabase::ExecuteBlock(TRun& run) {
+  UseDatabase(run);
+  const std::string block = BlockOf(run.Text);
+  TTokens tokens = Tokenize(block);
+  Adapt(tokens, FFlavour.Rules());
+  if (!HasParameters(tokens)) {
+    TJoinedStatements joined(GreatestTextFor(run.Text));
+    joined.Add(kBeginTransaction);
+    joined.Add(TokensToText(tokens));
+    if (run.Result == nullptr) joined.Add(kCommitTransaction);
+    return ExecuteTransaction(run, joined.Texts());
+  }
+  TMariaDbTransaction transaction(*FConnection);
+  TMariaDbPrepared statement;
+  NoteSent(run, TokensToText(tokens));
+  FillIn(statement, tokens, {});
+  ExecutePrepared(run, statement);
+  if (run.Result != nullptr) CheckThatBatchGaveResult(run);
   transaction.Commit();
 }
 

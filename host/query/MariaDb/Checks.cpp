@@ -4,10 +4,10 @@
 #include <fmt/ranges.h>
 
 #include <algorithm>
-#include <array>
 
 #include "Frame/Host/Classes.h"
 #include "Frame/Host/Zandbs.h"
+#include "host/query/MariaDb/Flavour.h"
 
 namespace zanhost {
 
@@ -21,21 +21,6 @@ constexpr unsigned long kOldestVersion = 100500;
 
 constexpr char kReadServer[] =
     "select @@version, @@lower_case_table_names, @@log_bin and @@binlog_format = 'STATEMENT'";
-
-constexpr std::array kRoutines{
-    "DB_NAME",
-    "GetDate",
-    "Get_Partyh_Children_DjLsh",
-    "Get_Partyh_Parent_DjLsh",
-    "get_Parthh_Nodelevel",
-    "get_UserFullDeptName",
-    "MySql_execute_MultiSql",
-    "MySql_RatingPermissionTreeNodes",
-    "MySql_SetOrgFullName",
-    "MySql_STDomainsGetFullName",
-    "Mysql_Update_STUserPasswordStrategy",
-    "P_RefreshPartyParentPath",
-};
 
 [[noreturn]] void Refuse(const std::string& sentence) { throw zanrole::EDatabaseError(sentence, {}); }
 
@@ -111,7 +96,7 @@ void CheckMariaDbRoutines(TMariaDbConnection& connection, const std::string& dat
       Ask(connection, "select routine_name from information_schema.routines where routine_schema = " +
                           zanrole::QuotedStr(database));
   std::vector<std::string> missing;
-  for (const char* routine : kRoutines) {
+  for (const std::string_view routine : MariaDbFlavourOf(connection.Url().Dialect).Routines) {
     const auto isThere = [&](const TTextRow& row) { return zanrole::SameText(row[0], routine); };
     if (std::none_of(there.begin(), there.end(), isThere)) missing.emplace_back(routine);
   }

@@ -2,6 +2,8 @@
 
 #include <fmt/format.h>
 
+#include "host/query/MariaDb/Flavour.h"
+
 namespace zanhost {
 
 namespace {
@@ -16,7 +18,7 @@ constexpr unsigned long kGreatestPacket = 1UL << 30;
 // clang-format off
 constexpr std::string_view kConfigure =
     "set names utf8mb4 collate utf8mb4_nopad_bin,"
-    " session sql_mode = 'STRICT_TRANS_TABLES,NO_ENGINE_SUBSTITUTION,NO_BACKSLASH_ESCAPES,PIPES_AS_CONCAT',"
+    " session sql_mode = '{2}',"
     " session tx_isolation = 'READ-COMMITTED',"
     " session autocommit = 1,"
     " session innodb_lock_wait_timeout = {0},"
@@ -52,7 +54,8 @@ TMySqlHandle TMariaDbConnection::Connect() const {
 }
 
 void TMariaDbConnection::Configure() {
-  Exec(fmt::format(kConfigure, FLimits.Busy.count(), FLimits.Statement.count()));
+  Exec(fmt::format(kConfigure, FLimits.Busy.count(), FLimits.Statement.count(),
+                   MariaDbFlavourOf(FUrl.Dialect).SqlMode));
 }
 
 void TMariaDbConnection::SetLimits(TMariaDbLimits limits) {

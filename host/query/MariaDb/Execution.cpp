@@ -12,9 +12,9 @@ namespace {
 
 constexpr char kHiddenMessage[] = "The server refused a statement about passwords: ";
 
-std::string AdaptedText(const TStatementShape& shape) {
+std::string AdaptedText(const TStatementShape& shape, std::span<const TAdaptationRule> rules) {
   TTokens tokens = Tokenize(shape.Text);
-  Adapt(tokens, MariaDbRules());
+  Adapt(tokens, rules);
   return TokensToText(tokens);
 }
 
@@ -58,7 +58,7 @@ void TMariaDbDatabase::Execute(TRun& run) {
   const TRunningStatement running(*FConnection);
   TStatementReader reader(run.Text);
   if (!reader.Read(FShape)) throw TMariaDbFault{"There is no statement.", "no statement"};
-  if (reader.IsBatch()) return ExecuteBatch(run, run.Text);
+  if (reader.IsBatch()) return FFlavour.BatchIsBlock ? ExecuteBlock(run) : ExecuteBatch(run, run.Text);
   if (const auto batch = StatementsOfCall(FShape.Text)) return ExecuteBatch(run, *batch);
   ExecuteSingle(run);
   if (run.Result != nullptr && !run.HasResult)
@@ -68,11 +68,11 @@ void TMariaDbDatabase::Execute(TRun& run) {
 void TMariaDbDatabase::ExecuteSingle(TRun& run) {
   std::shared_ptr<TMariaDbPrepared> statement = CacheOf(run).Find(FShape);
   if (statement != nullptr && statement->Handle != nullptr) {
-    if (FTrace != nullptr) NoteSent(run, AdaptedText(FShape));
+    if (FTrace != nullptr) NoteSent(run, AdaptedText(FShape, FFlavour.Rules()));
     return ExecutePrepared(run, *statement);
   }
   TTokens tokens = Tokenize(FShape.Text);
-  Adapt(tokens, MariaDbRules());
+  Adapt(tokens, FFlavour.Rules());
   if (statement == nullptr) statement = Prepare(run, tokens);
   const std::string text = TokensToText(tokens);
   if (statement == nullptr || statement->Handle == nullptr) {

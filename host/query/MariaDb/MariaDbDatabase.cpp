@@ -2,8 +2,6 @@
 
 #include "host/query/MariaDb/Checks.h"
 #include "host/query/MariaDb/MariaDbQuery.h"
-#include "host/query/MariaDb/Script.h"
-#include "host/query/MySqlHelpers.h"
 #include "host/query/Redaction.h"
 
 namespace zanhost {
@@ -32,11 +30,10 @@ std::unique_ptr<TMariaDbConnection> ConnectAndCheck(const TMariaDbUrl& url, TOpe
 }  // namespace
 
 TMariaDbDatabase::TMariaDbDatabase(const TMariaDbUrl& url, TOpenMode mode)
-    : FConnection(ConnectAndCheck(url, mode)),
+    : FFlavour(MariaDbFlavourOf(url.Dialect)),
+      FConnection(ConnectAndCheck(url, mode)),
       FCaches{TStatementCache<TMariaDbPrepared>(kCachedStatements),
               TStatementCache<TMariaDbPrepared>(kCachedStatements)} {}
-
-const TDialectFamily& TMariaDbDatabase::Family() const { return MySqlFamily(); }
 
 std::unique_ptr<zanrole::TZANQuery> TMariaDbDatabase::GetQuery() {
   return std::make_unique<TMariaDbQuery>(*this, /*onSystem*/ false);
@@ -54,13 +51,15 @@ void TMariaDbDatabase::SetLimits(TMariaDbLimits limits) {
 }
 
 void TMariaDbDatabase::ExecScript(std::string_view script) {
+  std::vector<std::string> statements;
   std::string_view running;
   try {
+    statements = FFlavour.ScriptStatements(script);
     EnsureConnected();
     FConnection->Use(FConnection->Url().Data);
     const TRunningStatement interruptible(*FConnection);
     TMariaDbTransaction transaction(*FConnection);
-    for (const std::string_view statement : SplitMariaDbScript(script)) {
+    for (const std::string& statement : statements) {
       running = statement;
       FConnection->Exec(statement);
     }

@@ -9,13 +9,15 @@
 #include "host/query/DataUrl.h"
 #include "host/query/Database.h"
 #include "host/query/MariaDb/Connection.h"
+#include "host/query/MariaDb/Flavour.h"
 #include "host/query/MariaDb/Prepared.h"
 #include "host/query/StatementCache.h"
 #include "host/query/StatementReader.h"
 
 namespace zanhost {
 
-/// Data and system database on a MariaDB server, which runs the texts for MySQL. One connection serves both:
+/// Data and system database on a MariaDB server, which runs the texts for MySQL or, in its Oracle mode, those
+/// for Oracle. One connection serves both:
 /// a query brings its database into use before it runs. After a lost connection the next query connects anew.
 class TMariaDbDatabase final : public TDatabase {
  public:
@@ -23,13 +25,15 @@ class TMariaDbDatabase final : public TDatabase {
   /// MustExist wants the routines of the schema as well, CreateIfMissing makes databases that are missing.
   TMariaDbDatabase(const TMariaDbUrl& url, TOpenMode mode);
 
-  const TDialectFamily& Family() const override;
+  const TDialectFamily& Family() const override { return FFlavour.Family(); }
+  TServerKind Server() const override { return TServerKind::MariaDb; }
   std::unique_ptr<zanrole::TZANQuery> GetQuery() override;
   std::unique_ptr<zanrole::TZANQuery> GetSysQuery() override;
 
   void SetTrace(TTrace* trace) override { FTrace = trace; }
   void Interrupt() noexcept override { FConnection->Interrupt(); }
-  /// Begins in the data database; "use" changes it. The definitions of a script stay when it fails.
+  /// Begins in the data database; "use" changes it. A script for Oracle is adapted as its statements are. The
+  /// definitions of a script stay when it fails.
   void ExecScript(std::string_view script) override;
   void BackupTo(const std::string& file) override;
 
@@ -69,6 +73,11 @@ class TMariaDbDatabase final : public TDatabase {
   void ExecuteBatch(TRun& run, std::string_view batch);
   /// One by one, as statements with parameters must be.
   void ExecuteStepByStep(TRun& run, std::string_view batch);
+  /// As one statement of the server.
+  void ExecuteBlock(TRun& run);
+  /// The longest text to be sent for it.
+  std::size_t GreatestTextFor(std::string_view batch);
+  void ExecuteTransaction(TRun& run, const std::vector<std::string>& texts);
   static void CheckThatBatchGaveResult(const TRun& run);
 
   // The statement of FShape:
@@ -85,6 +94,7 @@ class TMariaDbDatabase final : public TDatabase {
   void NoteSent(TRun& run, const std::string& text) const;
   void TraceRun(const TRun& run, std::chrono::steady_clock::time_point start, const TMariaDbFault* fault);
 
+  const TMariaDbFlavour& FFlavour;
   // Prepared statements go before the connection that they belong to.
   std::unique_ptr<TMariaDbConnection> FConnection;
   /// Of the data and of the system database: what a name means depends on the database in which the statement

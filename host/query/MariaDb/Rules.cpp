@@ -8,12 +8,6 @@ namespace zanhost {
 
 namespace {
 
-bool WithToWithRecursive(TTokens& tokens) {
-  if (tokens.size() < 2 || !tokens[0].IsWord("with") || tokens[1].IsWord("recursive")) return false;
-  tokens[0].Text = "with recursive";
-  return true;
-}
-
 /// "nvarchar(" or "varchar(" behind the "as" of a cast becomes "char(".
 bool CastTypeToChar(TTokens& tokens) {
   bool changed = false;
@@ -82,6 +76,8 @@ bool HalveBackslashesOfRoleRename(TTokens& tokens) {
 }
 
 constexpr std::array kRules{
+    TAdaptationRule{"national-text", "N'text' is a text of characters of at most three bytes",
+                    NationalTextToText},
     TAdaptationRule{
         "recursive-with",
         "a common table expression that names itself is an unknown table without the word recursive",

@@ -21,4 +21,12 @@ bool RulesReadLiterals(const TTokens& statement);
 /// would be lost in the text.
 std::optional<std::string> StatementsOfCall(std::string_view statement);
 
+/// What MariaDB in its Oracle mode needs to run the statements written for Oracle, in the order of
+/// application.
+std::span<const TAdaptationRule> OracleModeRules();
+
+/// A statement of a script for Oracle as it is sent in Oracle mode. Rules look into a statement that is
+/// handed to ZanMake; a routine is written for the server and stays.
+std::string AdaptScriptForOracleMode(TTokens& tokens);
+
 }  // namespace zanhost

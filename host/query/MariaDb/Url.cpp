@@ -99,6 +99,12 @@ std::string FirstLineOf(const std::string& file) {
   return line;
 }
 
+zanrole::TDialect DialectOf(const std::string& name) {
+  if (name == "mysql") return zanrole::TDialect::MySql;
+  if (name == "oracle") return zanrole::TDialect::Oracle;
+  Refuse(fmt::format("has the dialect '{}'; a MariaDB server takes mysql and oracle", name));
+}
+
 void TakeOption(TMariaDbUrl& url, const std::string& name, const std::string& value) {
   if (name == "system") {
     url.System = value;
@@ -108,8 +114,11 @@ void TakeOption(TMariaDbUrl& url, const std::string& name, const std::string& va
     url.Password = FirstLineOf(value);
   } else if (name == "folder") {
     url.Folder = value;
+  } else if (name == "dialect") {
+    url.Dialect = DialectOf(value);
   } else {
-    Refuse(fmt::format("has the option '{}'; known are system, socket, passwordfile and folder", name));
+    Refuse(
+        fmt::format("has the option '{}'; known are system, socket, passwordfile, folder and dialect", name));
   }
 }
 

@@ -13,19 +13,6 @@ bool IsNullToIfNull(TTokens& tokens) { return RenameCalls(tokens, "isnull", "ifn
 
 bool LeftToRegisteredFunction(TTokens& tokens) { return RenameCalls(tokens, "left", "left_characters"); }
 
-bool NationalTextToText(TTokens& tokens) {
-  bool changed = false;
-  for (TToken& token : tokens) {
-    if (token.Kind != TTokenKind::NationalText) continue;
-    token.Kind = TTokenKind::Text;
-    token.Text.remove_prefix(1);
-    // 'a'N'b' must not become one text.
-    if (token.Before.empty()) token.Before = " ";
-    changed = true;
-  }
-  return changed;
-}
-
 /// Number of tokens between database and table at `at`: two for "db..t", three for "db.dbo.t", otherwise
 /// none.
 std::size_t OwnerPathLength(const TTokens& tokens, std::size_t at) {

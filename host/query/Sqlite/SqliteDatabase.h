@@ -20,6 +20,7 @@ class TSqliteDatabase final : public TDatabase {
   TSqliteDatabase(const std::string& folder, TOpenMode mode);
 
   const TDialectFamily& Family() const override;
+  TServerKind Server() const override { return TServerKind::Sqlite; }
   std::unique_ptr<zanrole::TZANQuery> GetQuery() override;
   std::unique_ptr<zanrole::TZANQuery> GetSysQuery() override;
 
