@@ -4,6 +4,7 @@
 #include <boost/json.hpp>
 
 #include "tests/support/PlainTexts.h"
+#include "tests/support/StatementCorpus.h"
 
 namespace zantest {
 
@@ -317,6 +318,7 @@ void TRecordingHost::AlwaysAnswer(std::string_view part, std::vector<std::string
 
 void TRecordingHost::Record(std::string database, std::string kind, TZANQuery& query) {
   TRecordedStatement statement{std::move(database), std::move(kind), query.SQL().Text(), {}};
+  KeepInCorpus(FParts->Databases.Dialect(), statement.Database, statement.Text);
   for (const TParam& param : query.Params()) statement.Params.emplace_back(param.Name(), param.Value());
   Statements.push_back(std::move(statement));
   if (FFailAt == static_cast<int>(Statements.size()))

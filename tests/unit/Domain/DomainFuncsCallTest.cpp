@@ -3,6 +3,7 @@
 
 #include "Domain/U_DomainFuncsImp.h"
 #include "tests/support/RecordingHost.h"
+#include "tests/support/StatementCorpus.h"
 #include "tests/unit/Domain/DomainCall.h"
 
 // How the functions unpack their inputs, and when they stop.
@@ -91,19 +92,28 @@ constexpr TTextTest kTextTests[] = {
     {"CheckDomainAuthByName", "域名称", "b.Name"},
 };
 
+void ExpectThatTheTextIsPasted(TDialect dialect, const TTextTest& test, const std::string& text) {
+  TRecordingHost host(dialect);
+  host.Answer("select b.FullCode", {"FullCode"}, {{"\\1\\"}});
+  TDomainCall call(test.Function);
+  EXPECT_TRUE(call.With(test.Input, text).Execute());
+  EXPECT_EQ(call.Result(), "True");
+  EXPECT_EQ(host.Statements.at(0).Text,
+            "select b.FullCode from STDomainInherits a inner join STDomains b on a.DescendantID = b.ID "
+            "where a.AncestorID in ( select DomainID from STDomainMembers where IsOwned = 0 and UserOID = "
+            "12 ) and " +
+                std::string(test.Condition) + " = '" + text + "'");
+}
+
 TEST(DomainFuncCall, TheTextTestsPasteTheTextUnchangedBetweenQuotes) {
-  for (const TTextTest& test : kTextTests) {
-    TRecordingHost host;
-    host.Answer("select b.FullCode", {"FullCode"}, {{"\\1\\"}});
-    TDomainCall call(test.Function);
-    EXPECT_TRUE(call.With(test.Input, " A'1%s").Execute());
-    EXPECT_EQ(call.Result(), "True");
-    EXPECT_EQ(host.Statements.at(0).Text,
-              "select b.FullCode from STDomainInherits a inner join STDomains b on a.DescendantID = b.ID "
-              "where a.AncestorID in ( select DomainID from STDomainMembers where IsOwned = 0 and UserOID = "
-              "12 ) and " +
-                  std::string(test.Condition) + " = ' A'1%s'");
-  }
+  for (const TTextTest& test : kTextTests)
+    for (const TDialect dialect : {TDialect::SqlServer, TDialect::Oracle, TDialect::MySql})
+      ExpectThatTheTextIsPasted(dialect, test, " A%s");
+}
+
+TEST(DomainFuncCall, TheTextTestsPasteEvenAQuote) {
+  const TOutsideCorpus outside("the quote in the text ends the literal");
+  for (const TTextTest& test : kTextTests) ExpectThatTheTextIsPasted(TDialect::SqlServer, test, " A'1%s");
 }
 
 TEST(DomainFuncCall, TheTextTestsStopWithoutAResultForAnEmptyText) {
@@ -193,17 +203,22 @@ TEST(DomainFuncCall, TheFlagTakesTheStandardBooleanWords) {
 }
 
 TEST(DomainFuncCall, EachGeneralFunctionReachesItsOwnOperation) {
-  const std::pair<const char*, const char*> expected[] = {
-      {"GetDomains", "select distinct Name from STDomains"},
-      {"GetDomainUsers", "MemberType = 0"},
-      {"GetDomainRoles", "MemberType = 1"},
-      {"GetDomainManagers", "MemberType = 2"},
+  struct TExpected {
+    const char* Function;
+    const char* Field;
+    const char* Part;
   };
-  for (const auto& [function, part] : expected) {
+  const TExpected expected[] = {
+      {"GetDomains", "Name", "select distinct Name from STDomains"},
+      {"GetDomainUsers", "UserName", "MemberType = 0"},
+      {"GetDomainRoles", "UserName", "MemberType = 1"},
+      {"GetDomainManagers", "UserName", "MemberType = 2"},
+  };
+  for (const auto& [function, field, part] : expected) {
     TRecordingHost host;
     host.Answer(part, {"X"}, {{"a"}, {"b"}});
     TDomainCall call(function);
-    call.With("返回内容", "Name").With("查询范围", "Own").With("是否包含下级域", "false");
+    call.With("返回内容", field).With("查询范围", "Own").With("是否包含下级域", "false");
     EXPECT_TRUE(call.Execute());
     EXPECT_EQ(call.Result(), "a,b") << function;
   }
@@ -219,6 +234,7 @@ TEST(DomainFuncCall, GetDomainInfoGivesTheFirstCell) {
 
 TEST(DomainFuncCall, AFailureOfAGeneralQueryReachesTheExpressionWithItsMessage) {
   TRecordingHost host;
+  const TOutsideCorpus outside("there is no such column");
   host.FailStatement(2);
   TDomainCall call("GetDomainUsers");
   call.With("返回内容", "NoColumn").With("查询范围", "Auth").With("是否包含下级域", "false");

@@ -4,6 +4,7 @@
 #include "Domain/U_DomainFuncsImp.h"
 #include "Domain/U_DomainFuncsImpQuery.h"
 #include "tests/support/RecordingHost.h"
+#include "tests/support/StatementCorpus.h"
 
 namespace zantest {
 namespace {
@@ -159,17 +160,22 @@ TEST(GeneralQueries, TheFieldIsPastedAsItIs) {
 }
 
 TEST(GeneralQueries, AFailureOfEitherStatementIsRaisedAgainWithTheNameOfTheQuery) {
-  const std::pair<TGeneralQuery, const char*> expected[] = {
-      {&TDomainFuncImpl::GetDomains, "GetDomains执行失败，请检查参数传递是否正确!"},
-      {&TDomainFuncImpl::GetDomainUsers, "GetDomainUsers执行失败，请检查参数传递是否正确!"},
-      {&TDomainFuncImpl::GetDomainRoles, "GetDomainRoles执行失败，请检查参数传递是否正确!"},
-      {&TDomainFuncImpl::GetDomainManagers, "GetDomainManagers执行失败，请检查参数传递是否正确!"},
+  struct TExpected {
+    TGeneralQuery Query;
+    const char* Field;
+    const char* Message;
   };
-  for (const auto& [query, message] : expected) {
+  const TExpected expected[] = {
+      {&TDomainFuncImpl::GetDomains, "Name", "GetDomains执行失败，请检查参数传递是否正确!"},
+      {&TDomainFuncImpl::GetDomainUsers, "UserName", "GetDomainUsers执行失败，请检查参数传递是否正确!"},
+      {&TDomainFuncImpl::GetDomainRoles, "UserName", "GetDomainRoles执行失败，请检查参数传递是否正确!"},
+      {&TDomainFuncImpl::GetDomainManagers, "UserName", "GetDomainManagers执行失败，请检查参数传递是否正确!"},
+  };
+  for (const auto& [query, field, message] : expected) {
     for (const int failing : {1, 2}) {
       TRecordingHost host;
       host.FailStatement(failing);
-      const auto ask = [run = query] { run("Name", "Own", false); };
+      const auto ask = [run = query, name = field] { run(name, "Own", false); };
       EXPECT_THAT(ask, testing::ThrowsMessage<EZanError>(message));
       EXPECT_EQ(host.Statements.size(), static_cast<std::size_t>(failing));
     }
@@ -191,6 +197,7 @@ TEST(GetDomainInfo, ABlankFieldMeansTheIdentityAndABlankConditionAllDomains) {
 
 TEST(GetDomainInfo, ABadFieldRaisesTheHostsOwnError) {
   TRecordingHost host;
+  const TOutsideCorpus outside("there is no such column");
   host.FailStatement(1);
   EXPECT_THROW(TDomainFuncImpl::GetDomainInfo("NoColumn", ""), EDatabaseError);
 }

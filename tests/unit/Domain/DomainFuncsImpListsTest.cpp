@@ -15,28 +15,28 @@ using namespace zanrole;
 TEST(QueryList, JoinsTheFirstColumnByCommasAndLeavesEmptyValuesOut) {
   TRecordingHost host;
   host.Answer("select", {"A", "B"}, {{1, "x"}, {std::monostate{}, "y"}, {"", "z"}, {"two", "x"}, {1, ""}});
-  EXPECT_EQ(QueryList("select A, B from T"), "1,two,1");
+  EXPECT_EQ(QueryList("select ID, Code from STDomains"), "1,two,1");
 }
 
 TEST(QueryList, OfNoRowsIsTheEmptyText) {
   TRecordingHost host;
-  EXPECT_EQ(QueryList("select A from T"), "");
+  EXPECT_EQ(QueryList("select ID from STDomains"), "");
   host.Answer("select", {"A"}, {{""}, {""}});
-  EXPECT_EQ(QueryList("select A from T"), "");
+  EXPECT_EQ(QueryList("select ID from STDomains"), "");
 }
 
 TEST(QueryValue, IsTheFirstCellOrEmptyForNoRow) {
   TRecordingHost host;
-  EXPECT_EQ(QueryValue("select A from T"), "");
+  EXPECT_EQ(QueryValue("select ID from STDomains"), "");
   host.Answer("select", {"A", "B"}, {{7, 8}, {9, 10}});
-  EXPECT_EQ(QueryValue("select A, B from T"), "7");
+  EXPECT_EQ(QueryValue("select ID, Code from STDomains"), "7");
 }
 
 TEST(QueryExists, IsTrueForARowWhateverItHolds) {
   TRecordingHost host;
-  EXPECT_FALSE(QueryExists("select A from T"));
+  EXPECT_FALSE(QueryExists("select ID from STDomains"));
   host.Answer("select", {"A"}, {{std::monostate{}}});
-  EXPECT_TRUE(QueryExists("select A from T"));
+  EXPECT_TRUE(QueryExists("select ID from STDomains"));
 }
 
 TEST(GetAuthDomainRolesEx, OffersRolesOfNoDomainToTheSuperUserAndTheBuilderOnly) {

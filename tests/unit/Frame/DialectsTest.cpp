@@ -63,8 +63,10 @@ TEST(RunBatch, AnEmptyListIsNotSent) {
 
 TEST(RunBatch, KeepsALoneLineBreakInsideAValueAsItIs) {
   TRecordingHost host;
-  RunBatch(*TDbProviderFactory::GetQuery(), Statements({"update T set A = 'one\ntwo\r\nthree';"}));
-  EXPECT_EQ(host.Statements.at(0).Text, "begin\r\nupdate T set A = 'one\ntwo\r\nthree';\r\nend;");
+  RunBatch(*TDbProviderFactory::GetQuery(),
+           Statements({"update STUsers set UserName = 'one\ntwo\r\nthree';"}));
+  EXPECT_EQ(host.Statements.at(0).Text,
+            "begin\r\nupdate STUsers set UserName = 'one\ntwo\r\nthree';\r\nend;");
 }
 
 TEST(NextIdentity, OnAnEmptyTableIsOne) {

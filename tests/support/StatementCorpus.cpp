@@ -1,0 +1,65 @@
+#include "tests/support/StatementCorpus.h"
+
+#include <errno.h>
+#include <gtest/gtest.h>
+
+#include <boost/json.hpp>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <set>
+#include <string>
+
+namespace zantest {
+
+using zanrole::TDialect;
+
+namespace {
+
+std::string_view NameOf(TDialect dialect) {
+  if (dialect == TDialect::MySql) return "mysql";
+  return dialect == TDialect::Oracle ? "oracle" : "sqlserver";
+}
+
+std::string CurrentTest() {
+  const testing::TestInfo* test = testing::UnitTest::GetInstance()->current_test_info();
+  return test == nullptr ? "" : std::string(test->test_suite_name()) + "." + test->name();
+}
+
+class TCorpusFile {
+ public:
+  explicit TCorpusFile(const std::filesystem::path& folder) {
+    std::filesystem::create_directories(folder);
+    FFile.exceptions(std::ios::failbit | std::ios::badbit);
+    FFile.open(folder / (std::string(program_invocation_short_name) + ".jsonl"));
+  }
+
+  void Add(TDialect dialect, std::string_view database, std::string_view text) {
+    const std::string_view name = NameOf(dialect);
+    if (!FKept.insert(std::string(name) + "\n" + std::string(database) + "\n" + std::string(text)).second)
+      return;
+    FFile << boost::json::serialize(boost::json::object{
+                 {"dialect", name}, {"database", database}, {"text", text}, {"test", CurrentTest()}})
+          << "\n";
+  }
+
+ private:
+  std::ofstream FFile;
+  std::set<std::string> FKept;
+};
+
+int Silenced = 0;
+
+}  // namespace
+
+void KeepInCorpus(TDialect dialect, std::string_view database, std::string_view text) {
+  static const char* const folder = std::getenv(kCorpusFolder);
+  if (folder == nullptr || Silenced > 0) return;
+  static TCorpusFile file(folder);
+  file.Add(dialect, database, text);
+}
+
+TOutsideCorpus::TOutsideCorpus(std::string_view /*reason*/) { ++Silenced; }
+TOutsideCorpus::~TOutsideCorpus() { --Silenced; }
+
+}  // namespace zantest
