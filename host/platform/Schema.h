@@ -5,7 +5,7 @@
 namespace zanhost {
 
 /// Version of the schema that this program installs. Grows with each change of schema/.
-inline constexpr int kSchemaVersion = 1;
+inline constexpr int kSchemaVersion = 2;
 
 /// Brings the database to kSchemaVersion and gives that version: makes what is missing, never touches a row
 /// that is there, and changes nothing when the database is up to date; stored routines are made anew each

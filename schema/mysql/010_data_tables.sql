@@ -106,6 +106,14 @@ create table if not exists DepartmentH (
   primary key (Djlsh)
 ) character set utf8mb4 collate utf8mb4_nopad_bin;
 
+-- A document of the platform, read by the name of a department. It is not DepartmentH.
+create table if not exists DepartmentsH (
+  DjLsh int not null,
+  ID    varchar(200),
+  Name  varchar(200),
+  primary key (DjLsh)
+) character set utf8mb4 collate utf8mb4_nopad_bin;
+
 create table if not exists PositionH (
   DjLsh int not null,
   Code  varchar(200),

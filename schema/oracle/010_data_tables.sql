@@ -112,6 +112,15 @@ begin ZanMake('create table DepartmentH (
 )'); end;
 /
 
+-- A document of the platform, read by the name of a department. It is not DepartmentH.
+begin ZanMake('create table DepartmentsH (
+  DjLsh number(10) not null,
+  ID    nvarchar2(200),
+  Name  nvarchar2(200),
+  constraint PK_DepartmentsH primary key (DjLsh)
+)'); end;
+/
+
 begin ZanMake('create table PositionH (
   DjLsh number(10) not null,
   Code  nvarchar2(200),

@@ -105,6 +105,14 @@ create table if not exists DepartmentH (
   primary key (Djlsh)
 ) without rowid;
 
+-- A document of the platform, read by the name of a department. It is not DepartmentH.
+create table if not exists DepartmentsH (
+  DjLsh int           not null,
+  ID    nvarchar(200),
+  Name  nvarchar(200),
+  primary key (DjLsh)
+) without rowid;
+
 create table if not exists PositionH (
   DjLsh int           not null,
   Code  nvarchar(200),

@@ -112,6 +112,15 @@ create table DepartmentH (
   constraint PK_DepartmentH primary key (Djlsh)
 );
 
+-- A document of the platform, read by the name of a department. It is not DepartmentH.
+if object_id(N'DepartmentsH', N'U') is null
+create table DepartmentsH (
+  DjLsh int not null,
+  ID    nvarchar(200) collate Latin1_General_100_BIN2,
+  Name  nvarchar(200) collate Latin1_General_100_BIN2,
+  constraint PK_DepartmentsH primary key (DjLsh)
+);
+
 if object_id(N'PositionH', N'U') is null
 create table PositionH (
   DjLsh int not null,

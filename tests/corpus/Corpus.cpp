@@ -6,6 +6,7 @@
 #include <fstream>
 #include <stdexcept>
 
+#include "host/query/MariaDb/Rules.h"
 #include "tests/support/RecordingHost.h"
 #include "tests/support/StatementCorpus.h"
 
@@ -23,7 +24,8 @@ TDialect DialectNamed(std::string_view name) {
 TCorpusStatement StatementOf(const std::string& line) {
   const boost::json::object entry = boost::json::parse(line).as_object();
   const auto text = [&entry](std::string_view name) { return std::string(entry.at(name).as_string()); };
-  return {DialectNamed(text("dialect")), text("database") == "system", text("text"), text("test")};
+  return {DialectNamed(text("dialect")), text("database") == "system", text("text"), text("test"),
+          entry.contains("refused") ? text("refused") : ""};
 }
 
 std::vector<TCorpusStatement> ReadCorpus() {
@@ -52,14 +54,14 @@ std::vector<TCorpusStatement> CorpusOf(TDialect dialect) {
 }
 
 std::string WithoutMultiSqlCall(const std::string& text) {
-  const zanhost::TTokens tokens = zanhost::Tokenize(text);
-  const bool isCall = tokens.size() == 5 && tokens[0].IsWord("call") &&
-                      tokens[1].IsWord("MySql_execute_MultiSql") &&
-                      tokens[3].Kind == zanhost::TTokenKind::Text;
-  return isCall ? zanhost::LiteralContent(tokens[3]) : text;
+  return zanhost::StatementsOfCall(text).value_or(text);
 }
 
-void TFaults::Add(const TCorpusStatement& statement, std::string_view fault) {
+void TFaults::Add(const TCorpusStatement& statement, std::string_view message) {
+  const bool asMarked = message.empty() == statement.Refused.empty();
+  if (asMarked) return;
+  const std::string fault =
+      message.empty() ? "not refused, though " + statement.Refused : std::string(message);
   ++FCount;
   FText.append(statement.Test).append(": ").append(fault).append("\n  ").append(Squeeze(statement.Text)) +=
       "\n";

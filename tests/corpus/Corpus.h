@@ -15,7 +15,8 @@ struct TCorpusStatement {
   zanrole::TDialect Dialect;
   bool OnSystem;
   std::string Text;
-  std::string Test;  ///< the first one that made it
+  std::string Test;     ///< the first one that made it
+  std::string Refused;  ///< why every server refuses it; empty for a sound statement
 };
 
 /// What the test programs that ran before have left in the folder that the environment names. Raises
@@ -23,13 +24,14 @@ struct TCorpusStatement {
 const std::vector<TCorpusStatement>& Corpus();
 std::vector<TCorpusStatement> CorpusOf(zanrole::TDialect dialect);
 
-/// The text of `call MySql_execute_MultiSql('…')` without its quotes; any other statement as it is.
+/// What `call MySql_execute_MultiSql(…)` runs; any other statement as it is.
 std::string WithoutMultiSqlCall(const std::string& text);
 
 /// A report of what is wrong, one entry for each statement.
 class TFaults {
  public:
-  void Add(const TCorpusStatement& statement, std::string_view fault);
+  /// Takes the message of an engine, empty when it took the statement: what must be refused has to be.
+  void Add(const TCorpusStatement& statement, std::string_view message);
   /// Each fault with the test and the statement; empty without faults.
   std::string Report() const;
 

@@ -16,8 +16,8 @@ function statementsOf(server) {
     .map((line) => JSON.parse(line))
     .filter(({ dialect }) => dialect === server);
   // Tests send many statements alike.
-  const texts = new Map(lines.map(({ test, text }) => [text, test]));
-  return [...texts].map(([text, from]) => ({ from, text }));
+  const texts = new Map(lines.map(({ test, text, refused }) => [text, { from: test, text, refused }]));
+  return [...texts.values()];
 }
 
 for (const server of ["sqlserver", "oracle"]) {

@@ -50,6 +50,7 @@ TEST_F(Schema, InstallingGivesTheVersionAndEveryTable) {
                             "PartyH",
                             "CompanyH",
                             "DepartmentH",
+                            "DepartmentsH",
                             "PositionH",
                             "PositionEntityH",
                             "PositionMapH",

@@ -9,6 +9,8 @@
 #include <fstream>
 #include <set>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace zantest {
 
@@ -34,13 +36,14 @@ class TCorpusFile {
     FFile.open(folder / (std::string(program_invocation_short_name) + ".jsonl"));
   }
 
-  void Add(TDialect dialect, std::string_view database, std::string_view text) {
+  void Add(TDialect dialect, std::string_view database, std::string_view text, const std::string& refused) {
     const std::string_view name = NameOf(dialect);
     if (!FKept.insert(std::string(name) + "\n" + std::string(database) + "\n" + std::string(text)).second)
       return;
-    FFile << boost::json::serialize(boost::json::object{
-                 {"dialect", name}, {"database", database}, {"text", text}, {"test", CurrentTest()}})
-          << "\n";
+    boost::json::object entry{
+        {"dialect", name}, {"database", database}, {"text", text}, {"test", CurrentTest()}};
+    if (!refused.empty()) entry["refused"] = refused;
+    FFile << boost::json::serialize(entry) << "\n";
   }
 
  private:
@@ -48,18 +51,34 @@ class TCorpusFile {
   std::set<std::string> FKept;
 };
 
-int Silenced = 0;
+struct TRefusal {
+  std::string Part;
+  std::string Reason;
+};
+
+std::vector<TRefusal>& Refusals() {
+  static std::vector<TRefusal> refusals;
+  return refusals;
+}
+
+std::string WhyRefused(std::string_view text) {
+  for (const TRefusal& refusal : Refusals())
+    if (text.find(refusal.Part) != std::string_view::npos) return refusal.Reason;
+  return {};
+}
 
 }  // namespace
 
 void KeepInCorpus(TDialect dialect, std::string_view database, std::string_view text) {
   static const char* const folder = std::getenv(kCorpusFolder);
-  if (folder == nullptr || Silenced > 0) return;
+  if (folder == nullptr) return;
   static TCorpusFile file(folder);
-  file.Add(dialect, database, text);
+  file.Add(dialect, database, text, WhyRefused(text));
 }
 
-TOutsideCorpus::TOutsideCorpus(std::string_view /*reason*/) { ++Silenced; }
-TOutsideCorpus::~TOutsideCorpus() { --Silenced; }
+TRefusedStatements::TRefusedStatements(std::string part, std::string reason) {
+  Refusals().push_back({std::move(part), std::move(reason)});
+}
+TRefusedStatements::~TRefusedStatements() { Refusals().pop_back(); }
 
 }  // namespace zantest

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "Frame/Host/Zandbs.h"
@@ -12,18 +13,19 @@ inline constexpr char kCorpusFolder[] = "ZAN_CORPUS";
 /// Adds a statement that the module has built to the corpus, once for each dialect, database and text. Each
 /// test program writes a file of its own, anew when it starts: PROGRAM.jsonl, with one line for each
 /// statement:
-///   {"dialect","database","text","test"}
+///   {"dialect","database","text","test","refused"(the reason, when there is one)}
 /// Does nothing when no folder is named.
 void KeepInCorpus(zanrole::TDialect dialect, std::string_view database, std::string_view text);
 
-/// While an object of this class lives, what the module sends does not enter the corpus: a test has given it
-/// input that makes no statement, as `reason` says.
-class TOutsideCorpus {
+/// While an object of this class lives, statements that contain `part` go into the corpus with a mark: every
+/// server refuses them, for the reason that is told. The test has given the module input that makes no
+/// statement, or the module's text is a faulty one.
+class TRefusedStatements {
  public:
-  explicit TOutsideCorpus(std::string_view reason);
-  ~TOutsideCorpus();
-  TOutsideCorpus(const TOutsideCorpus&) = delete;
-  TOutsideCorpus& operator=(const TOutsideCorpus&) = delete;
+  TRefusedStatements(std::string part, std::string reason);
+  ~TRefusedStatements();
+  TRefusedStatements(const TRefusedStatements&) = delete;
+  TRefusedStatements& operator=(const TRefusedStatements&) = delete;
 };
 
 }  // namespace zantest

@@ -183,11 +183,13 @@ function unwrapped(tokens) {
   return tokens.slice(start + 1, tokens.indexOf(seen.at(-2)));
 }
 
-/// The faults of {text, …} that have one, each as a line for the one who reads the test.
+/// What is wrong with {from, text, refused}, each as a line for the one who reads the test: a fault of a text, or none in
+/// one that must be refused, for the reason in `refused`.
 export function faultsOf(statements, dialectName, schema) {
   return statements
     .map((statement) => ({ ...statement, fault: faultOf(statement.text, dialectName, schema) }))
-    .filter(({ fault }) => fault !== null)
+    .filter(({ fault, refused }) => (fault === null) !== (refused === undefined))
+    .map((statement) => ({ ...statement, fault: statement.fault ?? `not refused, though ${statement.refused}` }))
     .map(({ from, fault, text }) => `${from}: ${fault}\n  ${text.replace(/\s+/g, " ")}`);
 }
 

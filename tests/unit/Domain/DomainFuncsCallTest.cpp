@@ -112,7 +112,7 @@ TEST(DomainFuncCall, TheTextTestsPasteTheTextUnchangedBetweenQuotes) {
 }
 
 TEST(DomainFuncCall, TheTextTestsPasteEvenAQuote) {
-  const TOutsideCorpus outside("the quote in the text ends the literal");
+  const TRefusedStatements refused("A'1%s", "the quote in the text ends the literal");
   for (const TTextTest& test : kTextTests) ExpectThatTheTextIsPasted(TDialect::SqlServer, test, " A'1%s");
 }
 
@@ -234,7 +234,7 @@ TEST(DomainFuncCall, GetDomainInfoGivesTheFirstCell) {
 
 TEST(DomainFuncCall, AFailureOfAGeneralQueryReachesTheExpressionWithItsMessage) {
   TRecordingHost host;
-  const TOutsideCorpus outside("there is no such column");
+  const TRefusedStatements refused("NoColumn", "there is no such column");
   host.FailStatement(2);
   TDomainCall call("GetDomainUsers");
   call.With("返回内容", "NoColumn").With("查询范围", "Auth").With("是否包含下级域", "false");

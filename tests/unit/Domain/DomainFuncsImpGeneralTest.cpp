@@ -197,7 +197,7 @@ TEST(GetDomainInfo, ABlankFieldMeansTheIdentityAndABlankConditionAllDomains) {
 
 TEST(GetDomainInfo, ABadFieldRaisesTheHostsOwnError) {
   TRecordingHost host;
-  const TOutsideCorpus outside("there is no such column");
+  const TRefusedStatements refused("NoColumn", "there is no such column");
   host.FailStatement(1);
   EXPECT_THROW(TDomainFuncImpl::GetDomainInfo("NoColumn", ""), EDatabaseError);
 }
