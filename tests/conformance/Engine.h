@@ -24,6 +24,12 @@ class TEngine {
   virtual std::string BooleanType() const = 0;
   virtual std::string DateTimeType() const = 0;
 
+  /// Table and column, a row for each column that can be written, of the database that a query works on.
+  virtual std::string CatalogueStatement() const {
+    return "select table_name, column_name from information_schema.columns"
+           " where table_schema = database() and is_generated = 'NEVER'";
+  }
+
   /// Limits the time that a session waits for another one that writes.
   virtual void WaitAtMostMilliseconds(zanhost::TDatabase& session, int milliseconds) = 0;
 

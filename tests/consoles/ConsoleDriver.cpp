@@ -48,8 +48,17 @@ TConsoleDriver::TConsoleDriver(const std::string& dataUrl, const std::string& us
   FDriver.Start();
 }
 
+TConsoleDriver::TConsoleDriver(std::function<void(TLineChannel& channel)> session)
+    : FDriver(std::move(session)) {
+  FDriver.Start();
+}
+
 void TConsoleDriver::Menu(std::string_view function, int style) {
   FDriver.Send({{"do", "menu"}, {"function", function}, {"style", style}});
+}
+
+json::object TConsoleDriver::Call(std::string_view function, json::object inputs) {
+  return FDriver.Send({{"do", "call"}, {"function", function}, {"in", std::move(inputs)}});
 }
 
 void TConsoleDriver::Act(std::string_view window, const std::string& action) {
@@ -108,8 +117,10 @@ std::string TConsoleDriver::Answer(const std::string& button) {
   return text;
 }
 
-std::string TConsoleDriver::Caption(std::string_view window) const {
-  return TextOf(FDriver.Client.Windows().at(Window(window)).Properties.at("caption"));
+std::string TConsoleDriver::WindowProperty(std::string_view window, std::string_view property) const {
+  const json::value* const value =
+      FDriver.Client.Windows().at(Window(window)).Properties.if_contains(property);
+  return value != nullptr ? TextOf(*value) : std::string();
 }
 
 std::string TConsoleDriver::Property(std::string_view window, const std::string& name,

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,8 +15,13 @@ namespace zantest {
 class TConsoleDriver {
  public:
   TConsoleDriver(const std::string& dataUrl, const std::string& user);
+  /// A session of another making. `session` runs on a thread until it returns; it attaches its loop and runs
+  /// it, and answers menu, call and language.
+  explicit TConsoleDriver(std::function<void(zanhost::TLineChannel& channel)> session);
 
   void Menu(std::string_view function, int style = 0);
+  /// Runs a system function and gives the message that answered it.
+  boost::json::object Call(std::string_view function, boost::json::object inputs);
   void Act(std::string_view window, const std::string& action);
   /// Types a text into an edit or memo, or a number into a spin edit.
   void Set(std::string_view window, const std::string& name, std::string_view text);
@@ -31,7 +37,11 @@ class TConsoleDriver {
   std::string Answer(const std::string& button);
 
   bool IsOpen(std::string_view window) const { return FDriver.Client.WindowOf(window) != 0; }
-  std::string Caption(std::string_view window) const;
+  std::string Caption(std::string_view window) const { return WindowProperty(window, "caption"); }
+  /// A property of the window itself as text; empty when it has none of that name.
+  std::string WindowProperty(std::string_view window, std::string_view property) const;
+  /// All that is known of the windows.
+  const TClientModel& Client() const { return FDriver.Client; }
   /// A property as text; empty when it was never sent.
   std::string Property(std::string_view window, const std::string& name, std::string_view property) const;
   bool IsUsable(std::string_view window, const std::string& name) const;

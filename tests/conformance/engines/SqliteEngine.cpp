@@ -19,6 +19,11 @@ class TSqliteEngine final : public TEngine {
   std::string BooleanType() const override { return "bit"; }
   std::string DateTimeType() const override { return "datetime"; }
 
+  std::string CatalogueStatement() const override {
+    return "select m.name, c.name from sqlite_master m, pragma_table_info(m.name) c"
+           " where m.type = 'table' and m.name not like 'sqlite_%'";
+  }
+
   void WaitAtMostMilliseconds(zanhost::TDatabase& session, int milliseconds) override {
     dynamic_cast<zanhost::TSqliteDatabase&>(session).Limits().Busy = std::chrono::milliseconds(milliseconds);
   }
