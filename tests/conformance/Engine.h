@@ -13,6 +13,8 @@ class TEngine {
  public:
   virtual ~TEngine() = default;
 
+  /// The data URL of the databases, for clients in other processes. Empty when they cannot reach them.
+  virtual std::string Url() const { return {}; }
   /// A new session; all sessions of one engine object see the same data.
   virtual std::unique_ptr<zanhost::TDatabase> OpenSession() = 0;
   /// Makes the tables of the product.
@@ -32,6 +34,12 @@ class TEngine {
 
   /// Limits the time that a session waits for another one that writes.
   virtual void WaitAtMostMilliseconds(zanhost::TDatabase& session, int milliseconds) = 0;
+
+  /// A server of the tests stands behind the engine, which can be killed and started again.
+  virtual bool HasServer() const { return false; }
+  /// REQUIRES: HasServer().
+  virtual void KillServer() {}
+  virtual void StartServer() {}
 
   // Quirks, with the common answer.
 

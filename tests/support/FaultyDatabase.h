@@ -46,22 +46,9 @@ class TFaultyDatabase final : public zanhost::TDatabase {
   /// The statements since the last FailAt, with the one that failed.
   const std::vector<TSentStatement>& Sent() const { return FSent; }
 
-  zanrole::TDialect Dialect() const override { return FEngine->Dialect(); }
-  std::string ServerType() const override { return FEngine->ServerType(); }
+  const zanhost::TDialectFamily& Family() const override { return FEngine->Family(); }
   std::unique_ptr<zanrole::TZANQuery> GetQuery() override;
   std::unique_ptr<zanrole::TZANQuery> GetSysQuery() override;
-  std::unique_ptr<zanrole::TDBFieldHelper> GetDBFieldHelper() override { return FEngine->GetDBFieldHelper(); }
-  std::unique_ptr<zanrole::TDBParamHelper> GetDBParamHelper() override { return FEngine->GetDBParamHelper(); }
-  std::unique_ptr<zanrole::TDBObjectHelper> GetDBObjectHelper() override {
-    return FEngine->GetDBObjectHelper();
-  }
-  std::unique_ptr<zanrole::TDBTypesHelper> GetDBTypesHelper() override { return FEngine->GetDBTypesHelper(); }
-  std::unique_ptr<zanrole::TDBFunctionsHelper> GetDBFunctionsHelper() override {
-    return FEngine->GetDBFunctionsHelper();
-  }
-  std::unique_ptr<zanrole::TSelectSQLHelper> GetSelectSQLHelper() override {
-    return FEngine->GetSelectSQLHelper();
-  }
   void SetTrace(zanhost::TTrace* trace) override { FEngine->SetTrace(trace); }
   void Interrupt() noexcept override { FEngine->Interrupt(); }
   void ExecScript(std::string_view script) override;

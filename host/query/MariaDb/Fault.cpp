@@ -4,6 +4,8 @@
 #include <fmt/format.h>
 #include <mysqld_error.h>
 
+#include "host/query/DoubleKey.h"
+
 namespace zanhost {
 
 namespace {
@@ -66,6 +68,7 @@ std::string DescribeTrouble(unsigned number, const TMariaDbFaultContext& context
     case ER_DISK_FULL:
       return fmt::format("The disk of the database server {} is full. Nothing was changed.", context.Server);
     case ER_OPEN_AS_READONLY:
+    case ER_OPTION_PREVENTS_STATEMENT:
     case ER_CANT_EXECUTE_IN_READ_ONLY_TRANSACTION:
       return fmt::format("The database server {} can only be read.", context.Server);
     case ER_NET_PACKET_TOO_LARGE:
@@ -126,7 +129,7 @@ TMariaDbFault DescribeFault(const TMariaDbError& error, const TMariaDbFaultConte
   fault.Message = DescribeReaching(error, context);
   if (fault.Message.empty()) fault.Message = DescribeTrouble(error.Number, context);
   if (!fault.Message.empty()) return fault;
-  fault.Message = error.Text;
+  fault.Message = error.Number == ER_DUP_ENTRY ? DescribeDoubleKey(error.Text) : error.Text;
   fault.QuotesValues = !RepeatsNoText(error.Number);
   return fault;
 }

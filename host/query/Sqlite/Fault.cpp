@@ -2,6 +2,8 @@
 
 #include <fmt/format.h>
 
+#include "host/query/DoubleKey.h"
+
 namespace zanhost {
 
 namespace {
@@ -54,6 +56,11 @@ std::string DescribeTrouble(int code, const TFaultContext& context) {
   }
 }
 
+bool IsDoubleKey(int code) {
+  return code == SQLITE_CONSTRAINT_PRIMARYKEY || code == SQLITE_CONSTRAINT_UNIQUE ||
+         code == SQLITE_CONSTRAINT_ROWID;
+}
+
 }  // namespace
 
 TSqliteFault DescribeFault(sqlite3* connection, int code, const TFaultContext& context) {
@@ -61,6 +68,7 @@ TSqliteFault DescribeFault(sqlite3* connection, int code, const TFaultContext& c
   const int known = (extended & 0xff) == (code & 0xff) ? extended : code;
   TSqliteFault fault{DescribeTrouble(known, context), sqlite3_errstr(known)};
   if (fault.Message.empty()) fault.Message = connection != nullptr ? sqlite3_errmsg(connection) : fault.Kind;
+  if (IsDoubleKey(known)) fault.Message = DescribeDoubleKey(fault.Message);
   return fault;
 }
 

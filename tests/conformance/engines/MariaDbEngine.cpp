@@ -22,9 +22,12 @@ TMariaDbEngine::~TMariaDbEngine() {
   }
 }
 
+std::string TMariaDbEngine::Url() const {
+  return TMariaDbServer::Instance().Url(FData, FSystem) + FOptions;
+}
+
 std::unique_ptr<zanhost::TDatabase> TMariaDbEngine::OpenSession() {
-  return zanhost::OpenDatabase(TMariaDbServer::Instance().Url(FData, FSystem) + FOptions,
-                               zanhost::TOpenMode::CreateIfMissing);
+  return zanhost::OpenDatabase(Url(), zanhost::TOpenMode::CreateIfMissing);
 }
 
 void TMariaDbEngine::InstallSchema() { zanhost::InstallSchema(*OpenSession()); }

@@ -13,8 +13,12 @@ class TMariaDbEngine : public TEngine {
   TMariaDbEngine(std::string options, std::span<const zanhost::TSchemaFile> routines);
   ~TMariaDbEngine() override;
 
+  std::string Url() const override;
   std::unique_ptr<zanhost::TDatabase> OpenSession() override;
   void InstallSchema() override;
+  bool HasServer() const override { return true; }
+  void KillServer() override { TMariaDbServer::Instance().Kill(); }
+  void StartServer() override { TMariaDbServer::Instance().Start(); }
 
   std::string TextType(int length) const override { return "varchar(" + std::to_string(length) + ")"; }
   std::string LongTextType() const override { return "longtext"; }

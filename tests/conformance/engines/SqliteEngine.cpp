@@ -9,8 +9,9 @@ namespace {
 
 class TSqliteEngine final : public TEngine {
  public:
+  std::string Url() const override { return "sqlite:" + FFolder.Path().string(); }
   std::unique_ptr<zanhost::TDatabase> OpenSession() override {
-    return zanhost::OpenDatabase("sqlite:" + FFolder.Path().string(), zanhost::TOpenMode::CreateIfMissing);
+    return zanhost::OpenDatabase(Url(), zanhost::TOpenMode::CreateIfMissing);
   }
   void InstallSchema() override { zanhost::InstallSchema(*OpenSession()); }
 
