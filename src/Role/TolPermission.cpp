@@ -4,7 +4,6 @@
 
 #include "Frame/Dialects.h"
 #include "Frame/Session.h"
-#include "Role/HolderRoles.h"
 #include "Role/ZanObjType.h"
 
 namespace zanrole {
@@ -128,36 +127,5 @@ int TTolPermission::GetTypeIDByName(std::string_view typeName) const {
   const TZanObjType* type = TZanObjTypeManager::Instance().GetType(typeName);
   return type == nullptr ? -1 : type->TypeID();
 }
-
-void TTolPermission::SetUserID(int userID) {
-  if (userID == FUserID) return;
-  FGroupList.clear();
-  FUserID = userID;
-  FSetUserStr = false;
-  SetUserStr();
-}
-
-void TTolPermission::SetUserStr() {
-  if (FSetUserStr) return;
-  const THolderRoles holder = ReadHolderRoles(*FPerQuery, FUserID);
-  FUserStr = holder.UserStr;
-  for (const THolderRole& role : holder.Roles) {
-    FGroupList.push_back(StrToInt(role.GroupID));
-    FGroupNames.Add(role.GroupName);
-  }
-  FSetUserStr = true;
-}
-
-int TTolPermission::GetGroupCount() {
-  SetUserStr();
-  return static_cast<int>(FGroupList.size());
-}
-
-int TTolPermission::GetGroupIDs(int index) {
-  SetUserStr();
-  return FGroupList[static_cast<std::size_t>(index)];
-}
-
-void TTolPermission::Clear() { FGroupList.clear(); }
 
 }  // namespace zanrole

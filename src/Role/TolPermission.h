@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -7,6 +8,7 @@
 #include <vector>
 
 #include "Frame/Host/Zandbs.h"
+#include "Role/MyPerHash.h"
 
 namespace zanrole {
 
@@ -32,11 +34,21 @@ struct TTypeDef {
   TSubDef& Place(TSubDef object);
 };
 
-/// The registry of protected objects and, for one holder of rights at a time, his roles.
+/// A right as the rights editor hands it over to be stored.
+struct TObjOpraRight {
+  int objectID = 0;
+  std::string oprate;
+  int permission = 0;  ///< 0 denies, any other value allows
+};
+
+/// The registry of protected objects and, for one holder at a time (a user or a role), his rights. All rights
+/// of the holder are read when he becomes the holder; questions are answered from memory.
+///
+/// A right is told as "允许" (allowed), "禁止" (denied) or, where none was set, as an empty text.
 class ZAN_EXPORT TTolPermission {
  public:
   /// The session's one, turned to the logged-in user at each call. Raises EDatabaseError when his roles
-  /// cannot be read.
+  /// or rights cannot be read.
   static TTolPermission& GetInstance();
 
   TTolPermission();
@@ -70,10 +82,12 @@ class ZAN_EXPORT TTolPermission {
   /// -1 for an unknown name.
   int GetTypeIDByName(std::string_view typeName) const;
 
-  // The holder.
+  // The holder. Operations that run a statement raise EDatabaseError when it fails.
 
-  /// Turns to another holder and reads his roles. Does nothing when he is the holder already.
+  /// Turns to another holder and reads his roles and rights. Does nothing when he is the holder already.
   void SetUserID(int userID);
+  /// Reads the rights anew: those of the holder's own and those of his roles, one statement each.
+  void LoadAllPermissions();
   /// Number of the holder's roles.
   int GetGroupCount();
   /// `OID` of a role. REQUIRES: 0 <= index < GetGroupCount().
@@ -83,15 +97,49 @@ class ZAN_EXPORT TTolPermission {
   /// Forgets what was read of the holder, until the next SetUserID of a different one.
   void Clear();
 
+  // What the holder may. No statement runs.
+
+  /// The effective right. A denial by a role is final; otherwise the holder's own right counts before that of
+  /// his roles. To the super user everything is allowed, whoever the holder is.
+  std::string GetPermission(int objectID, std::string_view oprate) const;
+  /// The holder's own right; everything is allowed to the super user.
+  std::string GetUserSelfPermission(int objectID, std::string_view oprate) const;
+  /// The right that the roles give, also for the super user: it shows what stands in the rows.
+  std::string GetGroupsPermission(int objectID, std::string_view oprate) const;
+
+  // Changes of the holder's own rights. What was read of him stays as it was until LoadAllPermissions.
+
+  /// Allows or takes away. A change that was made last already is not repeated; a statement that fails is
+  /// passed over in silence. Raises EAssertionFailed when there is no holder.
+  void SetPermission(int objectID, std::string_view oprate, bool allow);
+  /// Stores a right, whether or not its row is there. Raises EDatabaseError.
+  void saveObjPer(const TObjOpraRight& right);
+  /// Deletes the row of a right. Raises EDatabaseError.
+  void DeleteObjPer(const TObjOpraRight& right);
+
+  /// May the holder run the menu, by his own rows and those of his roles? Asks once for each object.
+  /// Raises EDatabaseError.
+  bool LoadPermissionList(int objectID);
+
  private:
   /// Reads the holder's roles if that was not done yet.
   void SetUserStr();
+  void PrepareForRight(std::string_view statement, const TObjOpraRight& right);
+  bool HasRow(const TObjOpraRight& right);
+  TObjOpraRight ReadMenuRight(int objectID);
 
   int FUserID = 0;
   bool FSetUserStr = false;
   std::string FUserStr;
   std::vector<int> FGroupList;
   TStringList FGroupNames;
+  /// Rights that were changed by SetPermission since the holder was read.
+  TMyPerHash FHash;
+  /// Rights of the holder's roles, and his own.
+  TMyPerHash FGroupsPer;
+  TMyPerHash FSelfPer;
+  /// Answers of LoadPermissionList by object.
+  std::map<int, TObjOpraRight> PermissionList;
   /// On the system database, for the registry, and on the data database, for rights and roles.
   std::unique_ptr<TZANQuery> FOprateQuery;
   std::unique_ptr<TZANQuery> FPerQuery;

@@ -141,56 +141,5 @@ TEST(TypeDef, PlacesAnObjectBeforeTheFirstThatIsNotSmaller) {
   EXPECT_THAT(names, ElementsAre("new", "another five", "five", "nine"));
 }
 
-const char* const kRoles =
-    "Select u.OID as GroupID, u.UserName as GroupName From STUserGroup g, STUsers u "
-    "Where g.UserID = 12 And u.OID = g.GroupID";
-
-TEST(Holder, GetInstanceFollowsTheLoggedInUserAndReadsHisRolesOnce) {
-  TRecordingHost host;
-  host.Answer("Where g.UserID = 12", {"GroupID", "GroupName"}, {{3, "财务 "}, {7, "仓库"}});
-  TTolPermission& permission = TTolPermission::GetInstance();
-  EXPECT_EQ(&permission, &TTolPermission::GetInstance());
-  EXPECT_EQ(permission.GetGroupCount(), 2);
-  EXPECT_EQ(permission.GetGroupIDs(0), 3);
-  EXPECT_EQ(permission.GetGroupIDs(1), 7);
-  EXPECT_THAT(Lines(permission.GetGroups()), ElementsAre("财务", "仓库"));
-  ASSERT_EQ(host.Statements.size(), 1u);
-  EXPECT_EQ(host.Statements[0].Text, kRoles);
-  EXPECT_EQ(host.Statements[0].Database, "data");
-}
-
-TEST(Holder, NamesOfEarlierHoldersStayInFrontOfTheNamesOfTheNext) {
-  TRecordingHost host;
-  host.Answer("Where g.UserID = 12", {"GroupID", "GroupName"}, {{3, "财务"}});
-  host.Answer("Where g.UserID = 13", {"GroupID", "GroupName"}, {{7, "仓库"}});
-  TTolPermission permission;
-  permission.SetUserID(12);
-  permission.SetUserID(13);
-  EXPECT_EQ(permission.GetGroupCount(), 1);
-  EXPECT_EQ(permission.GetGroupIDs(0), 7);
-  EXPECT_THAT(Lines(permission.GetGroups()), ElementsAre("财务", "仓库"));
-}
-
-TEST(Holder, SetUserIDWithTheCurrentHolderDoesNotReload) {
-  TRecordingHost host;
-  TTolPermission permission;
-  permission.SetUserID(12);
-  permission.SetUserID(12);
-  EXPECT_EQ(host.Statements.size(), 1u);
-}
-
-TEST(Holder, AfterDeleteObjectTheRolesReadEmptyUntilAnotherHolderComes) {
-  TRecordingHost host;
-  host.AlwaysAnswer("Where g.UserID", {"GroupID", "GroupName"}, {{3, "财务"}});
-  TTolPermission permission;
-  permission.SetUserID(12);
-  permission.DeleteObject(1);
-  EXPECT_EQ(permission.GetGroupCount(), 0);
-  permission.SetUserID(12);
-  EXPECT_EQ(permission.GetGroupCount(), 0);
-  permission.SetUserID(13);
-  EXPECT_EQ(permission.GetGroupCount(), 1);
-}
-
 }  // namespace
 }  // namespace zantest

@@ -1,0 +1,190 @@
+#include "Frame/Commlib.h"
+#include "Frame/Dialects.h"
+#include "Frame/Session.h"
+#include "Role/HolderRoles.h"
+#include "Role/TolPermission.h"
+
+// The holder of TTolPermission and his rights.
+
+namespace zanrole {
+
+namespace {
+
+constexpr const char* kAllowed = "允许";
+constexpr const char* kDenied = "禁止";
+
+// clang-format off
+constexpr const char* kOwnRights = "Select * From STPermission Where UserID = %d";
+
+// The smallest value of a pair decides between roles: one that denies beats any number that allow.
+constexpr const char* kRightsOfRoles =
+    "Select ObjectID, Oprate, min(Permission) Permission From STPermission"
+    " where userid in (select GroupID from STUserGroup where UserID = %d)"
+    " group by ObjectID, Oprate";
+
+constexpr const char* kMenuRight =
+    "Select * From STPermission Where (UserID In %s) And (Oprate = '执行')And objectID=%d";
+
+// A right that is allowed takes the default of the column `Permission`. One that is taken away is deleted from
+// the table `Permission`, not STPermission: rows of the latter stay.
+constexpr const char* kAllowRight = "Insert Into STPermission (UserID, ObjectID, Oprate) Values (%d, %d, %s)";
+constexpr const char* kTakeRight  = "Delete From Permission Where UserID = %d And ObjectID = %d And Oprate = %s";
+
+constexpr const char* kFindRight =
+    "select 888 from stpermission where UserID=:UserID and ObjectID=:ObjectID and Oprate=:Oprate";
+constexpr const char* kInsertRight =
+    "insert into stpermission (UserID,ObjectID,Oprate,permission) values(:UserID,:ObjectID,:Oprate,:permission)";
+constexpr const char* kUpdateRight =
+    "update stpermission set permission=:permission where UserID=:UserID and ObjectID=:ObjectID and Oprate=:Oprate";
+constexpr const char* kDeleteRight =
+    "delete from stpermission where UserID=:UserID and ObjectID=:ObjectID and Oprate=:Oprate";
+// clang-format on
+
+void ReadRights(TZANQuery& query, std::string_view statement, TMyPerHash& rights) {
+  OpenStatement(query, statement);
+  rights.Clear();
+  if (!query.Eof()) {
+    TField& objectID = query.FieldByName("ObjectID");
+    TField& oprate = query.FieldByName("Oprate");
+    TField& permission = query.FieldByName("Permission");
+    for (; !query.Eof(); query.Next())
+      rights.Add(
+          {objectID.AsInteger(), oprate.AsString(), false, permission.AsInteger() != 0 ? kAllowed : kDenied});
+  }
+  query.Close();
+}
+
+std::string RightOf(const TRightDef* right) { return right == nullptr ? std::string() : right->ExcRight; }
+
+}  // namespace
+
+void TTolPermission::SetUserID(int userID) {
+  if (userID == FUserID) return;
+  Clear();
+  PermissionList.clear();
+  FUserID = userID;
+  FSetUserStr = false;
+  try {
+    SetUserStr();
+    LoadAllPermissions();
+  } catch (const EZanError&) {
+    // Who could not be read whole is no holder: the next call reads him again.
+    Clear();
+    FUserID = 0;
+    throw;
+  }
+}
+
+void TTolPermission::SetUserStr() {
+  if (FSetUserStr) return;
+  const THolderRoles holder = ReadHolderRoles(*FPerQuery, FUserID);
+  FUserStr = holder.UserStr;
+  for (const THolderRole& role : holder.Roles) {
+    FGroupList.push_back(StrToInt(role.GroupID));
+    FGroupNames.Add(role.GroupName);
+  }
+  FSetUserStr = true;
+}
+
+void TTolPermission::LoadAllPermissions() {
+  ReadRights(*FPerQuery, Format(kOwnRights, {FUserID}), FSelfPer);
+  ReadRights(*FPerQuery, Format(kRightsOfRoles, {FUserID}), FGroupsPer);
+}
+
+int TTolPermission::GetGroupCount() {
+  SetUserStr();
+  return static_cast<int>(FGroupList.size());
+}
+
+int TTolPermission::GetGroupIDs(int index) {
+  SetUserStr();
+  return FGroupList[static_cast<std::size_t>(index)];
+}
+
+void TTolPermission::Clear() {
+  FHash.Clear();
+  FGroupList.clear();
+  FGroupsPer.Clear();
+  FSelfPer.Clear();
+}
+
+std::string TTolPermission::GetPermission(int objectID, std::string_view oprate) const {
+  if (SystemInfo().IsSuperUser) return kAllowed;
+  const TRightKey key(objectID, oprate);
+  const TRightDef* ofRoles = FGroupsPer.FindData(key);
+  if (ofRoles != nullptr && ofRoles->ExcRight == kDenied) return kDenied;
+  const TRightDef* own = FSelfPer.FindData(key);
+  return RightOf(own != nullptr ? own : ofRoles);
+}
+
+std::string TTolPermission::GetUserSelfPermission(int objectID, std::string_view oprate) const {
+  if (SystemInfo().IsSuperUser) return kAllowed;
+  return RightOf(FSelfPer.FindData(objectID, oprate));
+}
+
+std::string TTolPermission::GetGroupsPermission(int objectID, std::string_view oprate) const {
+  return RightOf(FGroupsPer.FindData(objectID, oprate));
+}
+
+void TTolPermission::SetPermission(int objectID, std::string_view oprate, bool allow) {
+  if (FUserID == 0)
+    throw EAssertionFailed(TZanResEx::resByExFunc("尚未设置登陆用户!") + " (src/Role/TolPermission)");
+  if (TRightDef* changed = FHash.FindData(objectID, oprate)) {
+    if (changed->Right == allow) return;
+    changed->Right = allow;
+  } else {
+    FHash.Add({objectID, std::string(oprate), allow, {}});
+  }
+  try {
+    ExecStatement(*FPerQuery,
+                  Format(allow ? kAllowRight : kTakeRight, {FUserID, objectID, QuotedStr(oprate)}));
+  } catch (const EDatabaseError&) {
+    // The right may be there already, or the table `Permission` may not be there at all.
+  }
+  FPerQuery->Close();
+}
+
+void TTolPermission::PrepareForRight(std::string_view statement, const TObjOpraRight& right) {
+  FPerQuery->Close();
+  FPerQuery->SQL().SetText(statement);
+  FPerQuery->ParamByName("UserID").AsInteger(FUserID);
+  FPerQuery->ParamByName("ObjectID").AsInteger(right.objectID);
+  FPerQuery->ParamByName("Oprate").AsString(right.oprate);
+  if (TParam* permission = FPerQuery->Params().Find("permission")) permission->AsInteger(right.permission);
+}
+
+bool TTolPermission::HasRow(const TObjOpraRight& right) {
+  PrepareForRight(kFindRight, right);
+  FPerQuery->Open();
+  const bool hasRow = !FPerQuery->DataSet().IsEmpty();
+  FPerQuery->Close();
+  return hasRow;
+}
+
+void TTolPermission::saveObjPer(const TObjOpraRight& right) {
+  PrepareForRight(HasRow(right) ? kUpdateRight : kInsertRight, right);
+  FPerQuery->ExecSQL();
+}
+
+void TTolPermission::DeleteObjPer(const TObjOpraRight& right) {
+  PrepareForRight(kDeleteRight, right);
+  FPerQuery->ExecSQL();
+}
+
+bool TTolPermission::LoadPermissionList(int objectID) {
+  auto known = PermissionList.find(objectID);
+  if (known == PermissionList.end()) known = PermissionList.emplace(objectID, ReadMenuRight(objectID)).first;
+  return known->second.permission == 1;
+}
+
+TObjOpraRight TTolPermission::ReadMenuRight(int objectID) {
+  TObjOpraRight right{objectID, "执行", 0};
+  OpenStatement(*FPerQuery, Format(kMenuRight, {FUserStr, objectID}));
+  right.permission = FPerQuery->Eof() ? 0 : 1;
+  for (; !FPerQuery->Eof(); FPerQuery->Next())
+    if (FPerQuery->FieldByName("Permission").AsInteger() == 0) right.permission = 0;
+  FPerQuery->Close();
+  return right;
+}
+
+}  // namespace zanrole
