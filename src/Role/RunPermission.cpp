@@ -53,13 +53,13 @@ void TRunPermission::SetUserStr() {
 void TRunPermission::LoadPermissionList() {
   ClearPermissionList();
   OpenStatement(*FQuery, Format(kAllowedMenus, {FUserStr, FUserStr}));
-  for (; !FQuery->Eof(); FQuery->Next()) PermissionList.push_back(FQuery->Fields(0).AsString());
+  for (; !FQuery->Eof(); FQuery->Next()) PermissionList.push_back(FQuery->Fields(0).AsInteger());
   FQuery->Close();
   std::sort(PermissionList.begin(), PermissionList.end());
 }
 
 bool TRunPermission::FindPermissionInList(int objectID) const {
-  return std::binary_search(PermissionList.begin(), PermissionList.end(), std::to_string(objectID));
+  return std::binary_search(PermissionList.begin(), PermissionList.end(), objectID);
 }
 
 bool TRunPermission::GetMenuPermission(int objectID) const {

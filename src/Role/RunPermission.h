@@ -50,8 +50,8 @@ class ZAN_EXPORT TRunPermission {
   std::string FUserStr;
   TStringList FGroupNames;
   TStringList FGroupids;
-  /// `ObjectID` values as text, sorted as texts.
-  std::vector<std::string> PermissionList;
+  /// `ObjectID` values of the allowed menus, sorted. As numbers they are found faster than as texts.
+  std::vector<int> PermissionList;
   std::unique_ptr<TZANQuery> FQuery;
   std::unique_ptr<TZANQuery> FSysQuery;
 };
