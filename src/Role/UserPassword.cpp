@@ -4,6 +4,7 @@
 #include "Frame/Commlib.h"
 #include "Frame/Dialects.h"
 #include "Frame/Session.h"
+#include "Role/UserInfo.h"
 
 namespace zanrole {
 
@@ -51,5 +52,7 @@ std::string SavePassword(int oid, const std::string& login, const std::string& h
   RunBatch(*query, statements);
   return stored;
 }
+
+void SavePassword(TUserInfo& user) { user.Password = SavePassword(user.oID, user.ID, user.Password); }
 
 }  // namespace zanrole

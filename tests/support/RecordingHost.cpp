@@ -73,7 +73,7 @@ class TRecordingForms final : public TFormHost {
   void Hide(TForm& form) override { form.DoHide(); }
   void Forget(TForm& /*form*/) noexcept override {}
   void ProcessMessages() override {}
-  void SetBusy(bool /*busy*/) override {}
+  void SetBusy(bool busy) override { FHost.BusyCalls.push_back(busy); }
 
  private:
   TRecordingHost& FHost;

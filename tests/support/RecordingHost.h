@@ -67,6 +67,7 @@ class TRecordingHost : public zanrole::THostSession {
   std::vector<zanrole::TSoapCall> WebCalls;  ///< calls of web services
   std::vector<std::string> RunFunctions;     ///< names run through the function manager
   std::vector<std::string> NumbersDrawn;     ///< names given to NewDjLsh; the n-th draw gives n
+  std::vector<bool> BusyCalls;               ///< the wait cursor put on and taken off
   std::vector<std::string> KnownFunctions;   ///< names that FindFuncInfo finds
   bool Builder = false;
   std::string WebServiceAddress = "http://server/services/";

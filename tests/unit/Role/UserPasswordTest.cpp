@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "Frame/Package.h"
+#include "Role/UserInfo.h"
 #include "tests/support/RecordingHost.h"
 
 namespace zantest {
@@ -78,6 +79,30 @@ TEST(SavePassword, AColonInThePasswordSurvives) {
   const std::string stored = SavePassword(7, "li", "a:b%s");
   EXPECT_EQ(stored, "enc(li:a:b%s)");
   EXPECT_EQ(SavePassword(7, "li", stored), stored);
+}
+
+TEST(SavePassword, ARecordHoldsTheStoredValueFromThenOnHoweverOftenItRuns) {
+  TRecordingServices services;
+  TRecordingHost host;
+  TUserInfo user;
+  user.oID = 7;
+  user.ID = "li";
+  user.Password = "secret";
+  SavePassword(user);
+  EXPECT_EQ(user.Password, "enc(li:secret)");
+  SavePassword(user);
+  EXPECT_EQ(user.Password, "enc(li:secret)");
+  EXPECT_EQ(host.Statements[0].Text, host.Statements[1].Text);
+}
+
+TEST(SavePassword, AStatementThatFailsRaisesAndLeavesTheRecordAsItWas) {
+  TRecordingServices services;
+  TRecordingHost host;
+  TUserInfo user;
+  user.Password = "secret";
+  host.FailStatement(1);
+  EXPECT_THROW(SavePassword(user), EDatabaseError);
+  EXPECT_EQ(user.Password, "secret");
 }
 
 TEST(ModuleEntries, ReachTheMenuCheckTheCurrentDomainAndThePasswords) {
