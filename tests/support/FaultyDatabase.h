@@ -47,6 +47,7 @@ class TFaultyDatabase final : public zanhost::TDatabase {
   const std::vector<TSentStatement>& Sent() const { return FSent; }
 
   const zanhost::TDialectFamily& Family() const override { return FEngine->Family(); }
+  zanhost::TServerKind Server() const override { return FEngine->Server(); }
   std::unique_ptr<zanrole::TZANQuery> GetQuery() override;
   std::unique_ptr<zanrole::TZANQuery> GetSysQuery() override;
   void SetTrace(zanhost::TTrace* trace) override { FEngine->SetTrace(trace); }

@@ -2,6 +2,7 @@
 
 #include "host/platform/SchemaFiles.h"
 #include "tests/conformance/Conformance.h"
+#include "tests/support/MariaDbServer.h"
 
 namespace zantest {
 
