@@ -9,6 +9,13 @@
 
 namespace zanhost {
 
+/// What a rule does to the literals of a statement. It may move those that it keeps.
+enum class TLiteralEffect {
+  Keeps,    ///< they stay as they are, and none is added
+  Adds,     ///< they stay, and others of the rule's own join them
+  Changes,  ///< it is there to change what some of them hold
+};
+
 /// One change that makes a statement of the module fit an engine. A rule looks at tokens, never at raw text,
 /// so that what stands in a literal, a quoted name or a comment cannot be mistaken for syntax.
 struct TAdaptationRule {
@@ -18,6 +25,7 @@ struct TAdaptationRule {
   /// Changes the tokens of one statement; true when it changed anything. What it puts in must be views into
   /// the statement or constants. Raises EDatabaseError for a statement that it knows but cannot express.
   bool (*Apply)(TTokens& tokens);
+  TLiteralEffect Literals = TLiteralEffect::Keeps;
 };
 
 /// Applies the rules in their order; true when one of them changed the statement. A statement that ends

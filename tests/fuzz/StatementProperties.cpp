@@ -4,17 +4,22 @@
 
 #include <algorithm>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "Frame/Host/Zandbs.h"
 #include "host/query/Adaptation.h"
 #include "host/query/LiteralBinding.h"
+#include "host/query/MariaDb/Fault.h"
+#include "host/query/MariaDb/Rules.h"
 #include "host/query/Sqlite/Functions.h"
 #include "host/query/Sqlite/Handles.h"
 #include "host/query/Sqlite/Rules.h"
 
 namespace zantest {
 
+using zanhost::TAdaptationRule;
+using zanhost::TLiteralEffect;
 using zanhost::TStatementShape;
 using zanhost::TToken;
 using zanhost::TTokenKind;
@@ -73,22 +78,36 @@ std::vector<std::string> Literals(const TTokens& tokens) {
   return literals;
 }
 
-/// Two rules give a statement another meaning than it has for the engine, the one that the module means.
-struct TMeaningChange {
-  bool Routine = false;
-  bool UpdateFrom = false;
+/// The rule has done to the literals what it says, and no more.
+bool KeptItsWord(const TAdaptationRule& rule, bool changed, const std::vector<std::string>& before,
+                 const std::vector<std::string>& after) {
+  if (!changed || rule.Literals == TLiteralEffect::Keeps) return before == after;
+  const bool keepsAll = std::includes(after.begin(), after.end(), before.begin(), before.end());
+  return rule.Literals == TLiteralEffect::Changes || keepsAll;
+}
+
+/// What has become of a statement, as zanhost::Adapt would make it.
+struct TAdapted {
+  TTokens Tokens;
+  std::vector<std::string_view> Rules;  ///< those that applied
+  std::string Broken;
+
+  bool Had(std::string_view rule) const { return std::find(Rules.begin(), Rules.end(), rule) != Rules.end(); }
 };
 
-/// As zanhost::Adapt does, but tells which rules applied.
-TMeaningChange ApplyRules(TTokens& tokens) {
-  TMeaningChange change;
-  if (zanhost::EndsInsideQuotes(tokens)) return change;
-  for (const zanhost::TAdaptationRule& rule : zanhost::SqliteRules()) {
-    const bool changed = rule.Apply(tokens);
-    if (rule.Name == "routine") change.Routine = changed;
-    if (rule.Name == "update-from") change.UpdateFrom = changed;
+TAdapted ApplyRules(const TTokens& statement, std::span<const TAdaptationRule> rules) {
+  TAdapted adapted{statement, {}, {}};
+  if (zanhost::EndsInsideQuotes(statement)) return adapted;
+  for (const TAdaptationRule& rule : rules) {
+    const std::vector<std::string> before = Literals(adapted.Tokens);
+    const bool changed = rule.Apply(adapted.Tokens);
+    if (!KeptItsWord(rule, changed, before, Literals(adapted.Tokens)))
+      adapted.Broken = "the rule " + std::string(rule.Name) + " changed a literal";
+    if (changed) adapted.Rules.push_back(rule.Name);
   }
-  return change;
+  if (Literals(adapted.Tokens) != Literals(zanhost::Tokenize(zanhost::TokensToText(adapted.Tokens))))
+    adapted.Broken = "the text that is sent holds other literals";
+  return adapted;
 }
 
 std::string BrokenShape(const TStatementShape& shape, const TTokens& adapted) {
@@ -106,21 +125,53 @@ std::string BrokenShape(const TStatementShape& shape, const TTokens& adapted) {
 }
 
 std::string BrokenStatement(const TStatementShape& shape) {
-  const TTokens tokens = zanhost::Tokenize(shape.Text);
-  TTokens adapted = tokens;
-  const TMeaningChange change = ApplyRules(adapted);
-  const std::string sent = zanhost::TokensToText(adapted);
-  if (!change.Routine && Literals(tokens) != Literals(adapted)) return "a rule changed a literal";
-  if (Literals(adapted) != Literals(zanhost::Tokenize(sent)))
-    return "the text that is sent holds other literals";
+  const TAdapted adapted = ApplyRules(zanhost::Tokenize(shape.Text), zanhost::SqliteRules());
+  if (!adapted.Broken.empty()) return adapted.Broken;
+  const std::string sent = zanhost::TokensToText(adapted.Tokens);
   const bool hasZero = shape.Text.find('\0') != std::string_view::npos;
-  if (!change.UpdateFrom && !hasZero && Scratch().Prepares(std::string(shape.Text)) &&
+  // The engine would give the update another meaning than the module.
+  if (!adapted.Had("update-from") && !hasZero && Scratch().Prepares(std::string(shape.Text)) &&
       !Scratch().Prepares(sent))
     return "the statement cannot be prepared after adaptation: " + sent;
-  return BrokenShape(shape, adapted);
+  return BrokenShape(shape, adapted.Tokens);
+}
+
+/// The statements of a call are a literal to the tokenizer: taken out and quoted again, they are the same.
+std::string BrokenCall(std::string_view text) {
+  const std::optional<std::string> statements = zanhost::StatementsOfCall(text);
+  const TTokens tokens = zanhost::Tokenize(text);
+  if (!statements || tokens.size() != 5 || !IsText(tokens[3])) return {};
+  const std::string quoted = zanrole::QuotedStr(*statements);
+  return zanhost::LiteralContent(zanhost::Tokenize(quoted).at(0)) == *statements
+             ? ""
+             : "the statements of a call are others when they are quoted again";
 }
 
 }  // namespace
+
+std::string BrokenLiterals(std::string_view text, std::span<const TAdaptationRule> rules) {
+  zanhost::TStatementReader reader(text);
+  for (TStatementShape shape; reader.Read(shape);) {
+    try {
+      const std::string broken = ApplyRules(zanhost::Tokenize(shape.Text), rules).Broken;
+      if (!broken.empty()) return broken;
+    } catch (const zanrole::EDatabaseError&) {
+      // A rule may refuse a statement.
+    }
+  }
+  return {};
+}
+
+std::string BrokenOnMariaDb(std::string_view text) {
+  try {
+    const std::string broken = BrokenCall(text);
+    if (!broken.empty()) return broken;
+    return BrokenLiterals(zanhost::StatementsOfCall(text).value_or(std::string(text)),
+                          zanhost::MariaDbRules());
+  } catch (const zanhost::TMariaDbFault&) {
+    return {};  // A call with parameters is refused.
+  }
+}
 
 std::string BrokenProperty(std::string_view text) {
   if (!text.starts_with(zanhost::TokensToText(zanhost::Tokenize(text))))

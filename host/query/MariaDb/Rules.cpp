@@ -85,14 +85,14 @@ constexpr std::array kRules{
     TAdaptationRule{"recursive-row-number",
                     "a window function inside a recursion is an error; its order key sorts the same",
                     RowNumberOfRecursionToKey},
-    TAdaptationRule{"str", "there is no function str", StrToPaddedText},
+    TAdaptationRule{"str", "there is no function str", StrToPaddedText, TLiteralEffect::Adds},
     TAdaptationRule{"cast-type", "a cast to varchar or nvarchar is a syntax error", CastTypeToChar},
     TAdaptationRule{"text-plus",
                     "+ of texts adds numbers and gives 0; beside a number literal it is meant as arithmetic",
                     PlusOfTextsToConcatenation},
     TAdaptationRule{"escaped-backslashes",
                     "the rename of roles with concat doubles its backslashes, which then all reach the name",
-                    HalveBackslashesOfRoleRename},
+                    HalveBackslashesOfRoleRename, TLiteralEffect::Changes},
 };
 
 }  // namespace

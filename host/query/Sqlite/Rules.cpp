@@ -43,7 +43,7 @@ bool DatabasePrefixToMain(TTokens& tokens) {
 
 constexpr std::array kRules{
     TAdaptationRule{"routine", "SQLite has no stored procedures: exec is a syntax error",
-                    RunRoutineAsStatement},
+                    RunRoutineAsStatement, TLiteralEffect::Adds},
     TAdaptationRule{"national-text", "N'text' is a syntax error; all texts are Unicode", NationalTextToText},
     TAdaptationRule{"isnull", "IsNull( is a syntax error, also when a function of that name is registered",
                     IsNullToIfNull},
