@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "host/platform/Schema.h"
 #include "host/query/DataUrl.h"
 #include "host/query/Sqlite/Connection.h"
@@ -15,6 +17,15 @@ namespace zantest {
 using namespace zanhost;
 
 namespace {
+
+/// The helper of SQL Server writes "if @@ROWCOUNT = 0 STATEMENT", where that of the embedded database writes
+/// the condition into the statement: what is left is common to both.
+void DropCondition(TTokens& statement) {
+  if (statement.empty() || !statement[0].IsWord("if")) return;
+  const auto number = std::find_if(statement.begin(), statement.end(),
+                                   [](const TToken& token) { return token.Kind == TTokenKind::Number; });
+  if (number != statement.end()) statement.erase(statement.begin(), number + 1);
+}
 
 class TPreparer {
  public:
@@ -39,6 +50,7 @@ class TPreparer {
     TAddedColumn added;
     if (AddsColumn(statement, added))
       FConnection.Exec(("alter table " + added.Table + " drop column " + added.Column).c_str());
+    DropCondition(statement);
     Adapt(statement, SqliteRules());
     try {
       FConnection.Prepare(TokensToText(statement), false);
