@@ -36,6 +36,7 @@ TEST(LiteralRules, NoneOfTheCorpusIsChangedByAnotherRule) {
     const std::string text = WithoutMultiSqlCall(statement.Text);
     EXPECT_EQ(BrokenLiterals(text, SqliteRules()), "") << statement.Test << "\n" << text;
     EXPECT_EQ(BrokenLiterals(text, MariaDbRules()), "") << statement.Test << "\n" << text;
+    EXPECT_EQ(BrokenLiterals(text, OracleModeRules()), "") << statement.Test << "\n" << text;
     EXPECT_EQ(BrokenOnMariaDb(statement.Text), "") << statement.Test << "\n" << statement.Text;
   }
 }
@@ -44,6 +45,7 @@ TEST(LiteralRules, AreTheseAndNoOthers) {
   EXPECT_EQ(NamesOf(MariaDbRules(), TLiteralEffect::Changes),
             (std::vector<std::string>{"escaped-backslashes"}));
   EXPECT_EQ(NamesOf(SqliteRules(), TLiteralEffect::Changes), (std::vector<std::string>()));
+  EXPECT_EQ(NamesOf(OracleModeRules(), TLiteralEffect::Changes), (std::vector<std::string>()));
   EXPECT_EQ(NamesOf(MariaDbRules(), TLiteralEffect::Adds), (std::vector<std::string>{"str"}));
   EXPECT_EQ(NamesOf(SqliteRules(), TLiteralEffect::Adds), (std::vector<std::string>{"routine"}));
 }
