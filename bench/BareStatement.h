@@ -6,6 +6,9 @@
 
 namespace zanbench {
 
+/// Name and version, for a report.
+inline std::string SqliteEngine() { return std::string("SQLite ") + sqlite3_libversion(); }
+
 /// One statement prepared once in SQLite's own interface, as the fastest program would hold it. Reads its
 /// first column as a list joined by commas.
 class TBareStatement {

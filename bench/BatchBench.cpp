@@ -9,42 +9,18 @@
 #include <string>
 #include <vector>
 
+#include "bench/BareStatement.h"
+#include "bench/Differences.h"
 #include "bench/Measure.h"
 #include "host/query/DataUrl.h"
 
 namespace {
 
+using zanbench::TDifference;
+
 constexpr const char* kTable =
     "create table Differences (ID int not null, Name nvarchar(200), Sequence int, primary key (ID)) without "
     "rowid;";
-
-/// Values differ with each call, as they do from one saving to the next.
-struct TDifference {
-  int ID;
-  std::string Name;
-  int Sequence;
-};
-
-std::vector<TDifference> DifferencesOf(int call, int count) {
-  std::vector<TDifference> differences;
-  for (int id = 1; id <= count; ++id)
-    differences.push_back({id, "部门" + std::to_string(call * 7 + id), call + id});
-  return differences;
-}
-
-/// Two statements a difference: one makes the row, one changes it.
-std::string BatchOf(const std::vector<TDifference>& differences) {
-  zanrole::TStringList lines;
-  lines.Add("delete from Differences;");
-  for (const TDifference& row : differences) {
-    const std::string id = std::to_string(row.ID);
-    lines.Add("insert into Differences(ID, Name, Sequence) values(" + id + ", " +
-              zanrole::QuotedStr(row.Name) + ", 0);");
-    lines.Add("update Differences set Sequence = " + std::to_string(row.Sequence) + " where ID = " + id +
-              ";");
-  }
-  return "begin\r\n" + lines.Text() + "\r\nend;";
-}
 
 class TBareLoop {
  public:
@@ -66,12 +42,15 @@ class TBareLoop {
     Exec("begin immediate");
     Exec("delete from Differences");
     for (const TDifference& row : differences) {
-      sqlite3_bind_int(FInsert, 1, row.ID);
-      sqlite3_bind_text(FInsert, 2, row.Name.data(), static_cast<int>(row.Name.size()), SQLITE_STATIC);
-      Step(FInsert);
-      sqlite3_bind_int(FUpdate, 1, row.Sequence);
-      sqlite3_bind_int(FUpdate, 2, row.ID);
-      Step(FUpdate);
+      if (row.IsNew) {
+        sqlite3_bind_int(FInsert, 1, row.ID);
+        sqlite3_bind_text(FInsert, 2, row.Name.data(), static_cast<int>(row.Name.size()), SQLITE_STATIC);
+        Step(FInsert);
+      } else {
+        sqlite3_bind_int(FUpdate, 1, row.Sequence);
+        sqlite3_bind_int(FUpdate, 2, row.ID);
+        Step(FUpdate);
+      }
     }
     Exec("commit");
   }
@@ -108,17 +87,16 @@ struct TSide {
   TSide() { Database->ExecScript(kTable); }
 };
 
-/// Batches of `statements` statements; the texts and values are made beforehand, so that only their way into
-/// the table is measured.
-bool Measure(const char* name, int statements, zanbench::TEffort effort) {
+/// The texts and values are made beforehand, so that only their way into the table is measured.
+void Measure(zanbench::TReport& report, const std::string& name, int count, zanbench::TEffort effort) {
   TSide candidate;
   TSide floor;
   TBareLoop loop(floor.Folder.Path() + "/zanrole.db");
   std::array<std::vector<TDifference>, 2> differences;
   std::array<std::string, 2> batches;
   for (std::size_t i = 0; i < differences.size(); ++i) {
-    differences[i] = DifferencesOf(static_cast<int>(i), statements / 2);
-    batches[i] = BatchOf(differences[i]);
+    differences[i] = zanbench::DifferencesOf(static_cast<int>(i), count);
+    batches[i] = "begin\r\n" + zanbench::StatementsOf(differences[i]).Text() + "\r\nend;";
   }
   const auto variant = [](int call) { return static_cast<std::size_t>(call) % 2; };
   const auto runBatch = [&](int call) {
@@ -131,14 +109,14 @@ bool Measure(const char* name, int statements, zanbench::TEffort effort) {
     loop.Run(differences[variant(call)]);
     return Content(*floor.Database);
   };
-  return zanbench::Compare(name, runBatch, runLoop, effort);
+  report.Compare(name, 1.3, runBatch, runLoop, effort);
 }
 
 }  // namespace
 
 int main() {
-  zanbench::PrintHead();
-  const bool small = Measure("batch of 1,000 statements", 1000, {.Rounds = 60, .CallsOfRound = 2});
-  const bool great = Measure("batch of 10,000 statements", 10000, {.Rounds = 20, .CallsOfRound = 2});
-  return small && great ? 0 : 1;
+  zanbench::TReport report("Batches", zanbench::SqliteEngine());
+  Measure(report, "batch of 1,000 differences", 1000, {.Rounds = 60, .CallsOfRound = 2});
+  Measure(report, "batch of 10,000 differences", 10000, {.Rounds = 20, .CallsOfRound = 2});
+  return report.Finish();
 }

@@ -83,14 +83,12 @@ int main() {
   MakeCompany(url, cipher);
   const auto [oid, login] = SomeUser(url);
   TSessionOfUser session(url, login);
-  zanbench::PrintHead();
-  bool right = true;
+  zanbench::TReport report("Domain functions", zanbench::SqliteEngine());
   for (const TQuestion& question : kQuestions) {
     zanbench::TBareStatement floor(folder.Path() + "/zanrole.db", question.Statement);
-    right = zanbench::Compare(
-                question.Function, [&](int) { return session.Ask(question.Function); },
-                [&](int) { return floor.Ask(oid); }) &&
-            right;
+    report.Compare(
+        question.Function, 1.3, [&](int) { return session.Ask(question.Function); },
+        [&](int) { return floor.Ask(oid); });
   }
-  return right ? 0 : 1;
+  return report.Finish();
 }

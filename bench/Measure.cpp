@@ -1,12 +1,14 @@
 #include "bench/Measure.h"
 
 #include <stdlib.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <filesystem>
-#include <vector>
+
+#include "bench/ResultsFile.h"
 
 namespace zanbench {
 
@@ -28,36 +30,60 @@ double QuietTime(std::vector<double> times) {
   return *tenth;
 }
 
+void Print(const TComparison& line) {
+  std::printf("%-40s %10.3f %10.3f %6.2f %6.2f %-6s %10.3f-%.3f\n", line.Name.c_str(), line.Candidate,
+              line.Floor, line.Ratio(), line.Goal, line.IsMet() ? "met" : "MISSED", line.Fastest,
+              line.Slowest);
+  std::fflush(stdout);
+}
+
 }  // namespace
 
 TFolder::TFolder() {
-  std::string pattern = "/tmp/zanbenchXXXXXX";
-  FPath = mkdtemp(pattern.data());
+  const bool inMemory = access("/dev/shm", W_OK | X_OK) == 0;
+  FPath = std::string(inMemory ? "/dev/shm" : "/tmp") + "/zanbenchXXXXXX";
+  if (mkdtemp(FPath.data()) == nullptr) std::perror(FPath.c_str());
 }
 
 TFolder::~TFolder() { std::filesystem::remove_all(FPath); }
 
-void PrintHead() {
-  std::printf("%-40s %10s %10s %8s %15s\n", "microseconds", "candidate", "floor", "ratio", "spread");
+TReport::TReport(std::string benchmark, std::string engine)
+    : FBenchmark(std::move(benchmark)), FEngine(std::move(engine)) {
+  std::printf("\n%s on %s\n%-40s %10s %10s %6s %6s %-6s %18s\n", FBenchmark.c_str(), FEngine.c_str(),
+              "microseconds", "candidate", "floor", "ratio", "goal", "", "spread");
 }
 
-bool Compare(const char* name, const TAsk& candidate, const TAsk& floor, TEffort effort) {
+void TReport::Compare(const std::string& name, double goal, const TAsk& candidate, const TAsk& floor,
+                      TEffort effort) {
   const std::string answer = floor(0);
-  if (answer.empty() || answer != candidate(0)) {
-    std::fprintf(stderr, "%s: candidate and floor give different answers, or none\n", name);
-    return false;
-  }
+  if (answer.empty() || answer != candidate(0))
+    return Complain(name + ": candidate and floor give different answers, or none");
   std::vector<double> candidateTimes;
   std::vector<double> floorTimes;
   for (int round = 0; round < effort.Rounds; ++round) {
     floorTimes.push_back(MicrosecondsOfRound(floor, effort.CallsOfRound));
     candidateTimes.push_back(MicrosecondsOfRound(candidate, effort.CallsOfRound));
   }
-  const double quiet = QuietTime(candidateTimes);
-  const double bare = QuietTime(floorTimes);
   const auto [fastest, slowest] = std::minmax_element(candidateTimes.begin(), candidateTimes.end());
-  std::printf("%-40s %10.3f %10.3f %8.2f %9.3f-%.3f\n", name, quiet, bare, quiet / bare, *fastest, *slowest);
-  return true;
+  FComparisons.push_back({.Name = name,
+                          .Candidate = QuietTime(candidateTimes),
+                          .Floor = QuietTime(floorTimes),
+                          .Goal = goal,
+                          .Fastest = *fastest,
+                          .Slowest = *slowest});
+  Print(FComparisons.back());
+}
+
+int TReport::Finish() {
+  const char* const file = std::getenv("ZAN_BENCH_RESULTS");
+  if (file != nullptr && !AddResults(file, FBenchmark, FEngine, FComparisons))
+    Complain(std::string("The results cannot be written to ") + file);
+  return FComplained ? 1 : 0;
+}
+
+void TReport::Complain(const std::string& text) {
+  std::fprintf(stderr, "%s\n", text.c_str());
+  FComplained = true;
 }
 
 }  // namespace zanbench

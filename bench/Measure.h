@@ -2,12 +2,14 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 // What the benchmarks share: candidate and floor are measured by turns in one run, and told as one line.
 
 namespace zanbench {
 
-/// A folder that goes with the object.
+/// A folder that goes with the object, in memory where the machine has such: what a disk takes is the same
+/// for candidate and floor, and much more than either.
 class TFolder {
  public:
   TFolder();
@@ -29,9 +31,39 @@ struct TEffort {
   int CallsOfRound = 500;
 };
 
-void PrintHead();
-/// Prints a line: microseconds of candidate and floor, their ratio, and the candidate's fastest and slowest
-/// round. False, and a complaint, when the two give different answers or an empty one.
-bool Compare(const char* name, const TAsk& candidate, const TAsk& floor, TEffort effort = {});
+/// One line of a report; times in microseconds.
+struct TComparison {
+  std::string Name;
+  double Candidate = 0;
+  double Floor = 0;
+  double Goal = 0;  ///< what the ratio of the two should be at most
+  double Fastest = 0;
+  double Slowest = 0;  ///< rounds of the candidate
+  double Ratio() const { return Candidate / Floor; }
+  bool IsMet() const { return Ratio() <= Goal; }
+};
+
+/// The lines that one program prints. Where ZAN_BENCH_RESULTS names a file they are added to it, as JSON,
+/// with what the machine is and the versions of the engines.
+class TReport {
+ public:
+  /// Prints the head. `engine` is name and version.
+  TReport(std::string benchmark, std::string engine);
+
+  /// Prints a line, or a complaint when the two give different answers or an empty one.
+  void Compare(const std::string& name, double goal, const TAsk& candidate, const TAsk& floor,
+               TEffort effort = {});
+  /// Writes the file. What main returns: 0 unless there was a complaint. A missed goal is none: what else the
+  /// machine does may be the reason.
+  int Finish();
+
+ private:
+  void Complain(const std::string& text);
+
+  std::string FBenchmark;
+  std::string FEngine;
+  std::vector<TComparison> FComparisons;
+  bool FComplained = false;
+};
 
 }  // namespace zanbench

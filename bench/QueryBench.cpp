@@ -67,10 +67,12 @@ std::string AskByQuery(zanhost::TDatabase& database, const TQuestion& question, 
   return list;
 }
 
-bool Measure(zanhost::TDatabase& database, const std::string& file, const TQuestion& question) {
+void Measure(zanbench::TReport& report, zanhost::TDatabase& database, const std::string& file,
+             const TQuestion& question) {
   TBareStatement floor(file, question.WithOperator("?"));
-  return zanbench::Compare(
-      question.Name, [&](int call) { return AskByQuery(database, question, OperatorOfCall(question, call)); },
+  report.Compare(
+      question.Name, 1.3,
+      [&](int call) { return AskByQuery(database, question, OperatorOfCall(question, call)); },
       [&](int call) { return floor.Ask(OperatorOfCall(question, call)); });
 }
 
@@ -80,9 +82,8 @@ int main() {
   const zanbench::TFolder folder;
   const auto database = zanhost::OpenDatabase("sqlite:" + folder.Path(), zanhost::TOpenMode::CreateIfMissing);
   database->ExecScript(kTables);
-  zanbench::PrintHead();
-  bool right = true;
+  zanbench::TReport report("Single questions", zanbench::SqliteEngine());
   for (const TQuestion& question : kQuestions)
-    right = Measure(*database, folder.Path() + "/zanrole.db", question) && right;
-  return right ? 0 : 1;
+    Measure(report, *database, folder.Path() + "/zanrole.db", question);
+  return report.Finish();
 }
