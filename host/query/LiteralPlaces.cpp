@@ -16,8 +16,9 @@ constexpr TWords<5> kStatements{"select", "insert", "update", "delete", "with"};
 constexpr TWords<4> kValues{"from", "where", "on", "set"};
 /// From here on they are not.
 constexpr TWords<8> kNoValues{"select", "with", "group", "having", "order", "limit", "window", "returning"};
-constexpr TWords<5> kPatterns{"like", "glob", "match", "regexp", "escape"};
-/// What ends the pattern of a like.
+/// Behind these literals stay what they are.
+constexpr TWords<6> kPatterns{"like", "glob", "match", "regexp", "escape", "between"};
+/// What ends the pattern of a like, or the second bound of a between.
 constexpr TWords<5> kBehindPattern{"and", "or", "then", "when", "else"};
 
 template <std::size_t Count>
@@ -35,6 +36,7 @@ struct TBrackets {
   bool Forbidden = false;  ///< by what stands around them
   bool Values = false;     ///< literals are values, by the clause that is read
   bool Pattern = false;
+  bool Between = false;  ///< whose "and" is still to come
 };
 
 class TPlaceFinder {
@@ -83,6 +85,9 @@ class TPlaceFinder {
       here.Values = FBrackets.size() == 1;
     } else if (IsOneOf(token, kPatterns)) {
       here.Pattern = true;
+      here.Between = token.IsWord("between");
+    } else if (here.Between && token.IsWord("and")) {
+      here.Between = false;
     } else if (IsOneOf(token, kBehindPattern)) {
       here.Pattern = false;
     }

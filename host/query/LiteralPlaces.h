@@ -25,6 +25,7 @@ struct TLiteralPlaces {
 ///  - in a common table, which may be a recursion whose first select decides the types of its columns;
 ///  - in the brackets of a type or a window, and in a pattern of like or its escape, whose beginning an index
 ///    may use;
+///  - in the bounds of a between: MariaDB compares bounds of different kinds otherwise when they are bound;
 ///  - in an "in" list of more than kLongestInList literals;
 ///  - in anything but a select, insert, update or delete.
 TLiteralPlaces FindLiteralPlaces(const TTokens& tokens);

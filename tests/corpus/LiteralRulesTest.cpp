@@ -37,7 +37,7 @@ TEST(LiteralRules, NoneOfTheCorpusIsChangedByAnotherRule) {
     EXPECT_EQ(BrokenLiterals(text, SqliteRules()), "") << statement.Test << "\n" << text;
     EXPECT_EQ(BrokenLiterals(text, MariaDbRules()), "") << statement.Test << "\n" << text;
     EXPECT_EQ(BrokenLiterals(text, OracleModeRules()), "") << statement.Test << "\n" << text;
-    EXPECT_EQ(BrokenOnMariaDb(statement.Text), "") << statement.Test << "\n" << statement.Text;
+    EXPECT_EQ(BrokenProperty(statement.Text), "") << statement.Test << "\n" << statement.Text;
   }
 }
 

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <memory>
 #include <optional>
+#include <span>
 #include <vector>
 
 #include "Frame/Host/Zandbs.h"
@@ -15,6 +16,7 @@
 #include "host/query/Sqlite/Functions.h"
 #include "host/query/Sqlite/Handles.h"
 #include "host/query/Sqlite/Rules.h"
+#include "host/query/StatementPattern.h"
 
 namespace zantest {
 
@@ -110,41 +112,118 @@ TAdapted ApplyRules(const TTokens& statement, std::span<const TAdaptationRule> r
   return adapted;
 }
 
-std::string BrokenShape(const TStatementShape& shape, const TTokens& adapted) {
-  // Alone, a statement that starts with "begin" is a block.
-  if (!shape.HasPlainLiterals || (!adapted.empty() && adapted.front().IsWord("begin"))) return {};
+/// The rules of one engine.
+struct TRuleSet {
+  std::string_view Engine;
+  std::span<const TAdaptationRule> (*Rules)();
+  /// A rule decides by what a literal of this statement holds.
+  bool (*ReadsLiterals)(const TTokens& statement);
+  /// A rule that gives a statement the meaning that the module means, which the engine does not give it.
+  std::string_view MeaningRule;
+  /// Null for an engine that only a server could ask.
+  bool (*Prepares)(const std::string& text);
+};
+
+bool PreparesOnSqlite(const std::string& text) { return Scratch().Prepares(text); }
+bool ReadsNoLiterals(const TTokens&) { return false; }
+
+constexpr TRuleSet kRuleSets[]{
+    {"SQLite", zanhost::SqliteRules, ReadsNoLiterals, "update-from", PreparesOnSqlite},
+    {"MariaDB", zanhost::MariaDbRules, zanhost::RulesReadLiterals, "", nullptr},
+    {"MariaDB in Oracle mode", zanhost::OracleModeRules, ReadsNoLiterals, "", nullptr},
+};
+
+/// The statement with the same content in all literals of a kind.
+std::string WithoutContents(TTokens tokens) {
+  for (TToken& token : tokens) {
+    if (token.Kind == TTokenKind::Number) token.Text = "0";
+    if (token.Kind == TTokenKind::Text) token.Text = "''";
+    if (token.Kind == TTokenKind::NationalText) token.Text = "N''";
+  }
+  return zanhost::TokensToText(tokens);
+}
+
+/// Alone, a statement that starts with "begin" is a block.
+bool MayStandAlone(const TTokens& tokens) { return tokens.empty() || !tokens.front().IsWord("begin"); }
+
+std::string BrokenShape(const TRuleSet& set, const TStatementShape& shape, const TTokens& tokens,
+                        const TTokens& adapted) {
+  if (!shape.HasPlainLiterals || !MayStandAlone(tokens) || !MayStandAlone(adapted)) return {};
   TStatementShape again;
   zanhost::TStatementReader(shape.Shape).Read(again);
   if (again.Shape != shape.Shape) return "the shape of a shape is another one";
-  TTokens tokens = adapted;
-  const zanhost::TLiteralBinding binding = zanhost::BindLiterals(shape, tokens);
+  if (!set.ReadsLiterals(tokens) &&
+      WithoutContents(adapted) !=
+          WithoutContents(ApplyRules(zanhost::Tokenize(shape.Shape), set.Rules()).Tokens))
+    return "the rules do something else to another statement of the shape";
+  TTokens bound = adapted;
+  const zanhost::TLiteralBinding binding = zanhost::BindLiterals(shape, bound);
   const auto known = [&](std::size_t literal) { return literal < shape.Literals.size(); };
   if (!std::all_of(binding.Bound.begin(), binding.Bound.end(), known))
     return "a bound literal is not of the text";
   return {};
 }
 
-std::string BrokenStatement(const TStatementShape& shape) {
-  const TAdapted adapted = ApplyRules(zanhost::Tokenize(shape.Text), zanhost::SqliteRules());
+std::string BrokenRules(const TRuleSet& set, const TStatementShape& shape) {
+  const TTokens tokens = zanhost::Tokenize(shape.Text);
+  const TAdapted adapted = ApplyRules(tokens, set.Rules());
   if (!adapted.Broken.empty()) return adapted.Broken;
   const std::string sent = zanhost::TokensToText(adapted.Tokens);
   const bool hasZero = shape.Text.find('\0') != std::string_view::npos;
-  // The engine would give the update another meaning than the module.
-  if (!adapted.Had("update-from") && !hasZero && Scratch().Prepares(std::string(shape.Text)) &&
-      !Scratch().Prepares(sent))
+  if (set.Prepares != nullptr && !adapted.Had(set.MeaningRule) && !hasZero &&
+      set.Prepares(std::string(shape.Text)) && !set.Prepares(sent))
     return "the statement cannot be prepared after adaptation: " + sent;
-  return BrokenShape(shape, adapted.Tokens);
+  return BrokenShape(set, shape, tokens, adapted.Tokens);
 }
 
-/// The statements of a call are a literal to the tokenizer: taken out and quoted again, they are the same.
+/// Each rule set is tried on its own: one may refuse a statement that another takes.
+std::string BrokenStatement(const TStatementShape& shape) {
+  for (const TRuleSet& set : kRuleSets) {
+    try {
+      const std::string broken = BrokenRules(set, shape);
+      if (!broken.empty()) return std::string(set.Engine) + ": " + broken;
+    } catch (const zanrole::EDatabaseError&) {
+      // A rule may refuse a statement.
+    }
+  }
+  return {};
+}
+
 std::string BrokenCall(std::string_view text) {
-  const std::optional<std::string> statements = zanhost::StatementsOfCall(text);
-  const TTokens tokens = zanhost::Tokenize(text);
-  if (!statements || tokens.size() != 5 || !IsText(tokens[3])) return {};
-  const std::string quoted = zanrole::QuotedStr(*statements);
-  return zanhost::LiteralContent(zanhost::Tokenize(quoted).at(0)) == *statements
-             ? ""
-             : "the statements of a call are others when they are quoted again";
+  const std::string call = "call MySql_execute_MultiSql(" + zanrole::QuotedStr(text) + ")";
+  if (zanhost::StatementsOfCall(call) != std::string(text))
+    return "a call holds another text than was quoted";
+  try {
+    zanhost::StatementsOfCall(text);
+    zanhost::StatementsOfCall("call MySql_execute_MultiSql(" + std::string(text) + ")");
+  } catch (const zanhost::TMariaDbFault&) {
+    // A call may be refused.
+  }
+  return {};
+}
+
+bool HasClosedBrackets(const TTokens& tokens) {
+  int depth = 0;
+  for (const TToken& token : tokens) {
+    if (token.IsOperator("(")) ++depth;
+    if (token.IsOperator(")") && --depth < 0) return false;
+  }
+  return depth == 0;
+}
+
+/// What a pattern takes must be what the reader reads.
+std::string BrokenPattern(const zanhost::TStatementPattern& pattern, zanhost::TStatementReader reader) {
+  TStatementShape read;
+  TStatementShape like;
+  zanhost::TStatementReader plain = reader;
+  if (!reader.ReadLike(pattern, like)) return {};
+  if (!plain.Read(read) || read.Text != like.Text || !read.HasPlainLiterals)
+    return "a pattern takes another statement";
+  const auto same = [](const TToken& a, const TToken& b) { return a.Kind == b.Kind && a.Text == b.Text; };
+  if (!std::equal(read.Literals.begin(), read.Literals.end(), like.Literals.begin(), like.Literals.end(),
+                  same))
+    return "a pattern takes other literals";
+  return {};
 }
 
 }  // namespace
@@ -162,30 +241,21 @@ std::string BrokenLiterals(std::string_view text, std::span<const TAdaptationRul
   return {};
 }
 
-std::string BrokenOnMariaDb(std::string_view text) {
-  try {
-    const std::string broken = BrokenCall(text);
-    if (!broken.empty()) return broken;
-    return BrokenLiterals(zanhost::StatementsOfCall(text).value_or(std::string(text)),
-                          zanhost::MariaDbRules());
-  } catch (const zanhost::TMariaDbFault&) {
-    return {};  // A call with parameters is refused.
-  }
-}
-
 std::string BrokenProperty(std::string_view text) {
   if (!text.starts_with(zanhost::TokensToText(zanhost::Tokenize(text))))
     return "the tokens do not make the text";
+  std::string broken = BrokenCall(text);
   zanhost::TStatementReader reader(text);
-  for (TStatementShape shape; reader.Read(shape);) {
-    try {
-      const std::string broken = BrokenStatement(shape);
-      if (!broken.empty()) return broken;
-    } catch (const zanrole::EDatabaseError&) {
-      // A rule may refuse a statement.
-    }
+  std::optional<zanhost::TStatementPattern> last;
+  TStatementShape shape;
+  while (broken.empty()) {
+    if (last) broken = BrokenPattern(*last, reader);
+    if (!reader.Read(shape)) break;
+    if (broken.empty()) broken = BrokenStatement(shape);
+    last.reset();
+    if (shape.HasPlainLiterals && HasClosedBrackets(zanhost::Tokenize(shape.Text))) last.emplace(shape);
   }
-  return {};
+  return broken;
 }
 
 }  // namespace zantest

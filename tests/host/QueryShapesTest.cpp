@@ -4,6 +4,7 @@
 #include "host/query/Adaptation.h"
 #include "host/query/LiteralBinding.h"
 #include "host/query/LiteralPlaces.h"
+#include "host/query/RecurringStatements.h"
 #include "host/query/Sqlite/Rules.h"
 #include "tests/support/RecordingHost.h"
 
@@ -83,13 +84,53 @@ TEST(StatementReader, SemicolonsInBracketsAndLiteralsEndNothing) {
               ElementsAre("insert into a values(';', (1;2))", " delete from b"));
 }
 
+TEST(StatementPattern, TakesStatementsOfItsShapeAlone) {
+  const zanhost::TStatementPattern pattern(ShapeOf("insert into T(a, b) values(1, 'x')"));
+  zanhost::TTokens literals;
+  const auto length = [&](std::string_view text) { return pattern.Match(text, literals); };
+  EXPECT_EQ(length("insert into T(a, b) values(23, 'it''s;') ;rest"), 40U);
+  ASSERT_EQ(literals.size(), 2U);
+  EXPECT_EQ(literals[0].Text, "23");
+  EXPECT_EQ(literals[1].Text, "'it''s;'");
+  for (const char* const other :
+       {"insert into T(a, b) values(1, 'x')", "insert into T(a, b) values(1, 'x') select 1;",
+        "insert into T(a, b) values(1.5, 'x');", "insert into T(a, b) values(1, N'x');",
+        "insert into T(a, b) values('1', 'x');", "insert into T(a, b) values(1, 'x);",
+        "insert into T(a, c) values(1, 'x');", "insert into T(a, b) values(1234567890123456789, 'x');"})
+    EXPECT_EQ(length(other), 0U) << other;
+  EXPECT_EQ(length(std::string_view("insert into T(a, b) values(1, 'a\0b');", 38)), 0U);
+}
+
+TEST(RecurringStatements, AreRecognisedInTheirOrder) {
+  std::string text;
+  for (int i = 0; i < 20; ++i)
+    text += "delete from T where a = " + std::to_string(i) + ";update T set b = '" + std::to_string(i) + "';";
+  zanhost::TStatementReader reader(text);
+  zanhost::TRecurringStatements<std::string> recurring;
+  zanhost::TStatementShape shape;
+  std::vector<std::string> found;
+  int recognised = 0;
+  while (reader.Read(shape)) {
+    found.emplace_back(shape.Literals.at(0).Text);
+    recurring.Note(shape, shape.Shape);
+    while (const std::string* known = recurring.Read(reader, shape)) {
+      found.emplace_back(shape.Literals.at(0).Text);
+      EXPECT_EQ(known->substr(0, 6), found.size() % 2 == 1 ? "delete" : "update");
+      ++recognised;
+    }
+  }
+  ASSERT_EQ(found.size(), 40U);
+  EXPECT_EQ(found[38], "19");
+  EXPECT_EQ(found[39], "'19'");
+  EXPECT_GE(recognised, 34);
+}
+
 TEST(LiteralBinding, ValuesAreBound) {
   EXPECT_EQ(Bound("select a from T where b = 5 and c in (1, 2) and d = N'x'"),
             "select a from T where b = ? and c in (?, ?) and d = ?");
   EXPECT_EQ(Bound("insert into T(a, b) values(1, 'x')"), "insert into T(a, b) values(?, ?)");
   EXPECT_EQ(Bound("update T set a = 1, b = IsNull(c, 'x') where d = -5"),
             "update T set a = ?, b = ifnull(c, ?) where d = -?");
-  EXPECT_EQ(Bound("delete from T where a between 1 and 2"), "delete from T where a between ? and ?");
   EXPECT_EQ(Bound("select a from T where b in (select c from U where d = 7)"),
             "select a from T where b in (select c from U where d = ?)");
 }
@@ -158,6 +199,11 @@ TEST(LiteralBinding, NoPatternAndNoEscape) {
             "select a from T where b like 'x%' escape '\\' and c = ?");
   EXPECT_EQ(Bound("select a from T where b like ('%' + c + '%') or d = 'y'"),
             "select a from T where b like ('%' || c || '%') or d = ?");
+}
+
+TEST(LiteralBinding, NoBoundOfABetween) {
+  EXPECT_EQ(Bound("delete from T where a between 1 and 2 and b = 3 and c between 'x' and d or e = 4"),
+            "delete from T where a between 1 and 2 and b = ? and c between 'x' and d or e = ?");
 }
 
 TEST(LiteralBinding, NothingInAWindow) {

@@ -3,9 +3,9 @@
 #include <sqlite3.h>
 
 #include <functional>
-#include <random>
 
 #include "host/query/Sqlite/SqliteDatabase.h"
+#include "tests/host/StatementGenerator.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace zantest {
@@ -92,78 +92,12 @@ class SqliteShapes : public testing::Test {
   sqlite3* FBare = nullptr;
 };
 
-/// Statements made at random of the forms that the module uses, with literals of all sorts.
-class TGenerator {
- public:
-  explicit TGenerator(unsigned seed) : FRandom(seed) {}
-
-  std::string Statement() {
-    static const std::vector<std::string> kLists{"ID", "ID, Name", "ID, 1 One, 'x'", "distinct ID, 5"};
-    std::string text = "select " + Any(kLists) + " from T where " + Condition(2) + " order by 1";
-    if (Chance(4)) text += " limit " + std::to_string(1 + Number(3));
-    if (Chance(4))
-      text = "select ID, 'u' from T where " + Condition(1) + " union all select 9, 'v' order by 1";
-    return text;
-  }
-
- private:
-  unsigned Number(unsigned below) { return static_cast<unsigned>(FRandom() % below); }
-  bool Chance(unsigned oneIn) { return Number(oneIn) == 0; }
-  const std::string& Any(const std::vector<std::string>& words) {
-    return words[Number(static_cast<unsigned>(words.size()))];
-  }
-
-  std::string Literal() {
-    static const std::vector<std::string> kTexts{"'a'",  "''",   "'it''s'", "'1'",
-                                                 "'01'", "'域'", "'x%'",    "'-1'"};
-    return Chance(2) ? Any(kTexts) : (Chance(3) ? "-" : "") + std::to_string(Number(7));
-  }
-
-  std::string Operand() {
-    static const std::vector<std::string> kColumns{"ID", "Name", "Flag", "Code", "Loose"};
-    switch (Number(8)) {
-      case 0:
-        return "ifnull(" + Any(kColumns) + ", " + Literal() + ")";
-      case 1:
-        return "substr(" + Any(kColumns) + ", " + std::to_string(Number(3)) + ", 1)";
-      case 2:
-        return "cast(" + Any(kColumns) + " as varchar(16))";
-      case 3:
-        return "(ID + " + std::to_string(Number(4)) + ")";
-      case 4:
-        return Literal();
-      case 5:
-        return "case when Flag = " + Literal() + " then " + Literal() + " else ID end";
-      default:
-        return Any(kColumns);
-    }
-  }
-
-  std::string Condition(int depth) {
-    static const std::vector<std::string> kSigns{" = ", " <> ", " < ", " >= ", " is "};
-    if (depth > 0 && Chance(2))
-      return "(" + Condition(depth - 1) + (Chance(2) ? " and " : " or ") + Condition(depth - 1) + ")";
-    switch (Number(6)) {
-      case 0:
-        return Operand() + " in (" + Literal() + ", " + Literal() + ", " + Literal() + ")";
-      case 1:
-        return Operand() + " like " + Literal() + " escape '\\'";
-      case 2:
-        return Operand() + " between " + Literal() + " and " + Literal();
-      case 3:
-        return "ID in (select ID from T where " + Operand() + " = " + Literal() + ")";
-      default:
-        return Operand() + Any(kSigns) + Literal();
-    }
-  }
-
-  std::mt19937 FRandom;
-};
-
 }  // namespace
 
 TEST_F(SqliteShapes, GiveTheRowsNamesAndTypesOfTheStatementAsItStands) {
-  TGenerator generator(20);
+  TStatementGenerator generator(20, {.Columns = {"ID", "Name", "Flag", "Code", "Loose"},
+                                     .Signs = {" = ", " <> ", " < ", " >= ", " is "},
+                                     .TextType = "varchar(16)"});
   for (int i = 0; i < 4000; ++i) {
     const std::string text = generator.Statement();
     ASSERT_EQ(Rows(text), BareRows(text)) << text;

@@ -1,0 +1,1 @@
+select cast(ID as NVarChar(20)) + '\' + cast(Name as varchar(16)), IfNull(Max(ID), 0) + 1 from T limit 1

@@ -1,0 +1,1 @@
+update STUsers a inner join STDomains c on 1=1 set UserName = concat(c.FullName, '\\', case left(a.UserID, 2) when '\\\\' then SUBSTRing(a.UserID, 3, 100) else a.UserID end) where a.OID = 5

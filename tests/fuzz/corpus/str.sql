@@ -1,0 +1,1 @@
+select str(ID), STR(str(Parent, 3)), str(max(ID, 5)) from T where Name = str(7)
