@@ -41,6 +41,10 @@ class TDatabase : public zanrole::TDatabaseServices {
   /// May be called from any thread while the database lives.
   virtual void Interrupt() noexcept = 0;
 
+  /// To be called when nothing will be asked for a while: gives back what is held of a server, unless a
+  /// transaction is open. The next statement takes it again.
+  virtual void ReleaseIdle() noexcept {}
+
   /// Runs a script statement by statement as it stands, with no adaptation; all of it or nothing as far as
   /// the engine can take definitions back. Raises EDatabaseError with the statement that failed.
   virtual void ExecScript(std::string_view script) = 0;

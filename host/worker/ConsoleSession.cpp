@@ -14,6 +14,7 @@ TConsoleSession::TConsoleSession(const TSessionOptions& options, TLineChannel& c
             FLogin),
       FSession(FInstallation.Module(), FHost) {
   if (options.Domain) FInstallation.Module().Entries()->SetCurrentDomainID(*options.Domain);
+  FLoop.OnIdle = [this] { FInstallation.Database().ReleaseIdle(); };
   FLoop.OnOperation = [this](const TOperationReport& report) { Log(report); };
 }
 

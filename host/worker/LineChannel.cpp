@@ -8,11 +8,16 @@
 
 namespace zanhost {
 
+bool TDescriptorChannel::Wait(std::chrono::milliseconds time) {
+  const bool hasLine = FBuffer.find('\n', FSearched) != std::string::npos;
+  return hasLine || FClosed || HasInput(static_cast<int>(time.count()));
+}
+
 TReading TDescriptorChannel::Read(std::string& line, bool wait) {
   TReading reading = TReading::Nothing;
   while (!TakeLine(line, reading)) {
     if (FClosed) return TReading::Closed;
-    if (!HasInput(wait)) return TReading::Nothing;
+    if (!HasInput(wait ? -1 : 0)) return TReading::Nothing;
     FillBuffer();
   }
   return reading;
@@ -41,10 +46,10 @@ void TDescriptorChannel::DropOverlong() {
   FSearched = 0;
 }
 
-bool TDescriptorChannel::HasInput(bool wait) const {
+bool TDescriptorChannel::HasInput(int milliseconds) const {
   pollfd waiting{FInput, POLLIN, 0};
   for (;;) {
-    const int ready = poll(&waiting, 1, wait ? -1 : 0);
+    const int ready = poll(&waiting, 1, milliseconds);
     if (ready >= 0) return ready > 0;
     if (errno != EINTR) return true;  // reading will tell what is wrong
   }

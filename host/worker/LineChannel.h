@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -20,6 +21,8 @@ enum class TReading {
 class TLineChannel {
  public:
   virtual ~TLineChannel() = default;
+  /// Waits until Read(wait) has something to report, but no longer than `time`; false when that has passed.
+  virtual bool Wait(std::chrono::milliseconds time) = 0;
   /// The next line without its line break. `wait` waits until there is something to report.
   virtual TReading Read(std::string& line, bool wait) = 0;
   /// Sends one line. What cannot be sent is dropped: the next reading finds the channel closed.
@@ -32,11 +35,13 @@ class TDescriptorChannel final : public TLineChannel {
   /// `maxLine`: bytes of the longest line that is accepted.
   TDescriptorChannel(int input, int output, std::size_t maxLine)
       : FInput(input), FOutput(output), FMaxLine(maxLine) {}
+  bool Wait(std::chrono::milliseconds time) override;
   TReading Read(std::string& line, bool wait) override;
   void Write(std::string_view line) override;
 
  private:
-  bool HasInput(bool wait) const;
+  /// A negative time has no end.
+  bool HasInput(int milliseconds) const;
   bool TakeLine(std::string& line, TReading& reading);
   void DropOverlong();
   void FillBuffer();

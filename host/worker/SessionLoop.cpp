@@ -69,6 +69,7 @@ std::optional<TEvent> TSessionLoop::NextEvent() {
     FPostponed.pop_front();
     return event;
   }
+  if (OnIdle && !FChannel->Wait(IdleAfter)) OnIdle();
   std::string line;
   const TReading reading = FChannel->Read(line, /*wait*/ true);
   return TakeLine(reading, line);

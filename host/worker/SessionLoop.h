@@ -38,6 +38,8 @@ class TSessionLoop final : public zanrole::TFormHost, public zanrole::TMessageDi
   /// Runs a command that is not about a component (menu, call, language). The answer's members, or nothing
   /// when there is none beyond the changes. Raises EProtocolError for a command that is refused.
   using TOnCommand = std::function<std::optional<boost::json::object>(const TEvent& event)>;
+  /// Called when a person has done nothing for IdleAfter; once in each wait.
+  using TOnIdle = std::function<void()>;
   using TOnOperation = std::function<void(const TOperationReport& report)>;
 
   /// Long work is shown at most this often.
@@ -50,6 +52,8 @@ class TSessionLoop final : public zanrole::TFormHost, public zanrole::TMessageDi
   /// To be set before Run. Without the first, commands are refused.
   TOnCommand OnCommand;
   TOnOperation OnOperation;
+  TOnIdle OnIdle;
+  std::chrono::milliseconds IdleAfter{60'000};
   /// Lines with the member "gateway" are the gateway's own; otherwise they are events like all others.
   bool HasGateway = false;
 

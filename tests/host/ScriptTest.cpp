@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <array>
+#include <chrono>
 
 #include "host/worker/LineChannel.h"
 #include "tests/host/InstalledSample.h"
@@ -127,6 +128,23 @@ TEST_F(DescriptorChannelTest, ALineOverTheLimitIsPassedOverAndTheNextOneCounts) 
   EXPECT_EQ(channel.Read(Line, true), TReading::Line);
   EXPECT_EQ(channel.Read(Line, true), TReading::TooLong);
   EXPECT_EQ(channel.Read(Line, false), TReading::Nothing);
+}
+
+TEST_F(DescriptorChannelTest, WaitsNoLongerThanItIsTold) {
+  constexpr std::chrono::milliseconds kShort{5};
+  constexpr std::chrono::hours kLong{1};
+  zanhost::TDescriptorChannel channel(FIn[0], FOut[1], 100);
+  EXPECT_FALSE(channel.Wait(kShort));
+  Feed("one\ntwo\n");
+  EXPECT_TRUE(channel.Wait(kLong));
+  EXPECT_EQ(channel.Read(Line, true), TReading::Line);
+  EXPECT_TRUE(channel.Wait(kLong)) << "the second line has been read already";
+  EXPECT_EQ(channel.Read(Line, true), TReading::Line);
+  EXPECT_FALSE(channel.Wait(kShort));
+  EndInput();
+  EXPECT_TRUE(channel.Wait(kLong));
+  EXPECT_EQ(channel.Read(Line, true), TReading::Closed);
+  EXPECT_TRUE(channel.Wait(kLong));
 }
 
 TEST_F(DescriptorChannelTest, WritesWholeLines) {

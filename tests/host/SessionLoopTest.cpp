@@ -1,6 +1,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <chrono>
+#include <thread>
+
 #include "tests/support/SessionDriver.h"
 
 // Windows of a session: modal dialogs, closing, destruction, faults, long work.
@@ -91,6 +95,34 @@ TEST_F(SessionLoopTest, ASnapshotBeginsWithNumberOneAndOpensTheWindowsThatAreSho
   Open([](TConsole&) {});
   EXPECT_EQ(Driver->Client.WindowOf("TConsole"), 1);
   EXPECT_EQ(Driver->Client.Property(1, "ActRun", "enabled"), true);
+}
+
+TEST(SessionLoopIdle, IsToldOnceInEachWait) {
+  using namespace std::chrono_literals;
+  std::atomic<int> told = 0;
+  TSessionDriver driver([&](TLineChannel& channel) {
+    TPlainTexts texts;
+    TSessionLoop loop(channel, texts);
+    loop.IdleAfter = 20ms;
+    loop.OnIdle = [&] { ++told; };
+    TConsole console(loop);
+    loop.Attach();
+    console.Show();
+    loop.Run();
+  });
+  const auto waitForMoreThan = [&](int count) {
+    for (int tries = 0; tries < 1000 && told <= count; ++tries) std::this_thread::sleep_for(10ms);
+  };
+  driver.Start();
+  waitForMoreThan(0);
+  const int before = told;
+  EXPECT_GE(before, 1);
+  std::this_thread::sleep_for(100ms);
+  EXPECT_EQ(told, before);
+  driver.Act(1, "ActRun");
+  waitForMoreThan(before);
+  std::this_thread::sleep_for(100ms);
+  EXPECT_EQ(told, before + 1);
 }
 
 TEST_F(SessionLoopTest, AnEventIsAnsweredOnceWithItsNumberAndTheNextSequence) {

@@ -7,6 +7,11 @@ namespace zantest {
 namespace json = boost::json;
 using zanhost::TReading;
 
+bool TQueueChannel::Wait(std::chrono::milliseconds time) {
+  std::unique_lock lock(FMutex);
+  return FChanged.wait_for(lock, time, [&] { return FClosed || !FIn.empty(); });
+}
+
 TReading TQueueChannel::Read(std::string& line, bool wait) {
   std::unique_lock lock(FMutex);
   if (wait) FChanged.wait(lock, [&] { return FClosed || !FIn.empty(); });

@@ -16,6 +16,7 @@ namespace zantest {
 /// A channel whose other end is a test on another thread.
 class TQueueChannel final : public zanhost::TLineChannel {
  public:
+  bool Wait(std::chrono::milliseconds time) override;
   zanhost::TReading Read(std::string& line, bool wait) override;
   void Write(std::string_view line) override;
 

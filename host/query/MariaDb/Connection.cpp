@@ -71,6 +71,23 @@ void TMariaDbConnection::EnsureConnected() {
   Configure();
 }
 
+bool TMariaDbConnection::IsInTransaction() const {
+  unsigned status = 0;
+  mariadb_get_infov(FHandle.get(), MARIADB_CONNECTION_SERVER_STATUS, &status);
+  return (status & SERVER_STATUS_IN_TRANS) != 0;
+}
+
+void TMariaDbConnection::DropIfGone() {
+  if (IsLost() || std::chrono::steady_clock::now() - FLastUsed < FLimits.Believed || IsInTransaction())
+    return;
+  ++FRoundTrips;
+  if (mysql_ping(Handle()) != 0) FHandle.reset();
+}
+
+void TMariaDbConnection::Release() noexcept {
+  if (!IsLost() && !IsInTransaction()) FHandle.reset();
+}
+
 void TMariaDbConnection::Use(const std::string& database) {
   EnsureConnected();
   if (FDatabase == database) return;
@@ -147,6 +164,7 @@ void TMariaDbConnection::BeginStatement() {
 void TMariaDbConnection::EndStatement() noexcept {
   const std::lock_guard lock(FRunningMutex);
   FRunningThread = 0;
+  FLastUsed = std::chrono::steady_clock::now();
   if (!FInterruptSent) return;
   FInterruptSent = false;
   // The interrupt may have come when the statement had ended already: this one takes it in its place.

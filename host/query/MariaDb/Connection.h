@@ -19,6 +19,8 @@ struct TMariaDbLimits {
   std::chrono::seconds Busy{5};
   /// How long one statement may run.
   std::chrono::seconds Statement{30};
+  /// How long a connection that was not used is believed to be there; then the server is asked first.
+  std::chrono::seconds Believed{5};
 };
 
 /// A connection to a MariaDB server, set up as the host uses it, with one database at a time in use. All
@@ -33,7 +35,7 @@ class TMariaDbConnection {
   const TMariaDbUrl& Url() const { return FUrl; }
   MYSQL* Handle() { return FHandle.get(); }
 
-  /// True after the connection was lost: what was prepared on it is of no more use.
+  /// True after the connection was lost or given back: what was prepared on it is of no more use.
   bool IsLost() const { return FHandle == nullptr; }
   /// Connects anew when the connection was lost, and brings the database into use.
   void Use(const std::string& database);
@@ -43,8 +45,13 @@ class TMariaDbConnection {
   const TMariaDbLimits& Limits() const { return FLimits; }
   void SetLimits(TMariaDbLimits limits);
 
-  /// Connects anew when the connection was lost.
+  /// Connects anew when the connection was lost or given back.
   void EnsureConnected();
+  /// Closes a connection that has been idle for long, without an open transaction, and is no longer there:
+  /// the server may have ended it meanwhile, or was started anew.
+  void DropIfGone();
+  /// Gives the connection back to the server, unless a transaction is open.
+  void Release() noexcept;
   /// The longest text that the server takes, in bytes.
   std::size_t GreatestText();
 
@@ -78,6 +85,7 @@ class TMariaDbConnection {
   void Configure();
   TMariaDbFault Describe(const TMariaDbError& error) const;
   [[noreturn]] void Raise(const TMariaDbError& error);
+  bool IsInTransaction() const;
   void BeginStatement();
   void EndStatement() noexcept;
 
@@ -87,6 +95,7 @@ class TMariaDbConnection {
   std::string FDatabase;
   std::size_t FGreatestText = 0;  ///< 0 until it is asked for
   std::int64_t FRoundTrips = 0;
+  std::chrono::steady_clock::time_point FLastUsed;
 
   std::mutex FRunningMutex;          ///< guards the members below
   unsigned long FRunningThread = 0;  ///< the server's number of this connection while a statement runs

@@ -48,8 +48,9 @@ TStatementCache<TMariaDbPrepared>& TMariaDbDatabase::CacheOf(const TRun& run) {
 void TMariaDbDatabase::UseDatabase(const TRun& run) { FConnection->Use(DatabaseOf(run)); }
 
 void TMariaDbDatabase::EnsureConnected() {
+  FConnection->DropIfGone();
   if (!FConnection->IsLost()) return;
-  for (TStatementCache<TMariaDbPrepared>& cache : FCaches) cache.Clear();
+  ForgetPrepared();
   FConnection->EnsureConnected();
 }
 

@@ -50,6 +50,15 @@ void TMariaDbDatabase::SetLimits(TMariaDbLimits limits) {
   }
 }
 
+void TMariaDbDatabase::ForgetPrepared() noexcept {
+  for (TStatementCache<TMariaDbPrepared>& cache : FCaches) cache.Clear();
+}
+
+void TMariaDbDatabase::ReleaseIdle() noexcept {
+  FConnection->Release();
+  if (FConnection->IsLost()) ForgetPrepared();
+}
+
 void TMariaDbDatabase::ExecScript(std::string_view script) {
   std::vector<std::string> statements;
   std::string_view running;

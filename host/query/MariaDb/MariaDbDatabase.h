@@ -17,8 +17,8 @@
 namespace zanhost {
 
 /// Data and system database on a MariaDB server, which runs the texts for MySQL or, in its Oracle mode, those
-/// for Oracle. One connection serves both:
-/// a query brings its database into use before it runs. After a lost connection the next query connects anew.
+/// for Oracle. One connection serves both: a query brings its database into use before it runs. A connection
+/// that was lost, given back, or ended by the server while nobody used it is made anew by the next query.
 class TMariaDbDatabase final : public TDatabase {
  public:
   /// Raises EDatabaseError with a text for a person when the server cannot be used, with what to set on it.
@@ -32,6 +32,8 @@ class TMariaDbDatabase final : public TDatabase {
 
   void SetTrace(TTrace* trace) override { FTrace = trace; }
   void Interrupt() noexcept override { FConnection->Interrupt(); }
+  /// So that more sessions than the server takes connections can live side by side.
+  void ReleaseIdle() noexcept override;
   /// Begins in the data database; "use" changes it. A script for Oracle is adapted as its statements are. The
   /// definitions of a script stay when it fails.
   void ExecScript(std::string_view script) override;
@@ -62,8 +64,9 @@ class TMariaDbDatabase final : public TDatabase {
   void Run(zanrole::TZANQuery& query, bool onSystem, zanrole::TDataSet* result);
 
   void Execute(TRun& run);
-  /// What was prepared goes with a lost connection.
+  /// What was prepared goes with a connection that is no longer there.
   void EnsureConnected();
+  void ForgetPrepared() noexcept;
   const std::string& DatabaseOf(const TRun& run) const;
   TStatementCache<TMariaDbPrepared>& CacheOf(const TRun& run);
   /// Brings the run's database into use. A prepared statement needs that only when it is prepared.

@@ -1,0 +1,1 @@
+-- The server has a function of this name.
