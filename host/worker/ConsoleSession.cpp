@@ -5,7 +5,8 @@
 namespace zanhost {
 
 TConsoleSession::TConsoleSession(const TSessionOptions& options, TLineChannel& channel)
-    : FInstallation(options),
+    : FChannel(&channel),
+      FInstallation(options),
       FLogin(ChosenLogin(options, FInstallation.Database())),
       FName(NewSessionName()),
       FLoop(channel, FInstallation.Resources()),
@@ -15,8 +16,11 @@ TConsoleSession::TConsoleSession(const TSessionOptions& options, TLineChannel& c
       FSession(FInstallation.Module(), FHost) {
   if (options.Domain) FInstallation.Module().Entries()->SetCurrentDomainID(*options.Domain);
   FLoop.OnIdle = [this] { FInstallation.Database().ReleaseIdle(); };
+  FChannel->SetOnCancel([this] { FInstallation.Database().Interrupt(); });
   FLoop.OnOperation = [this](const TOperationReport& report) { Log(report); };
 }
+
+TConsoleSession::~TConsoleSession() { FChannel->SetOnCancel(nullptr); }
 
 void TConsoleSession::ChooseLanguage(const TEvent& event) {
   const std::string* const language = std::get_if<std::string>(&event.Value);

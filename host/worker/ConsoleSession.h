@@ -12,6 +12,9 @@ class TConsoleSession {
  public:
   /// Raises EZanError when the installation or the user cannot be found. `channel` must outlive the session.
   TConsoleSession(const TSessionOptions& options, TLineChannel& channel);
+  ~TConsoleSession();
+  TConsoleSession(const TConsoleSession&) = delete;
+  TConsoleSession& operator=(const TConsoleSession&) = delete;
 
   TSessionLoop& Loop() { return FLoop; }
   THostSessionImpl& Host() { return FHost; }
@@ -23,6 +26,7 @@ class TConsoleSession {
  private:
   void Log(const TOperationReport& report);
 
+  TLineChannel* FChannel;
   TInstallation FInstallation;
   TLogin FLogin;
   std::string FName;

@@ -38,6 +38,7 @@ constexpr std::array kDos{
     TDoRow{"close", TDo::Close, window},
     TDoRow{"snapshot", TDo::Snapshot, nothing},
     TDoRow{"language", TDo::Language, nothing},
+    TDoRow{"cancel", TDo::Cancel, nothing},
     TDoRow{"quit", TDo::Quit, nothing},
 };
 

@@ -41,6 +41,7 @@ enum class TDo {
   Close,
   Snapshot,
   Language,
+  Cancel,
   Quit
 };
 

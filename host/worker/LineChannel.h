@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -27,6 +28,10 @@ class TLineChannel {
   virtual TReading Read(std::string& line, bool wait) = 0;
   /// Sends one line. What cannot be sent is dropped: the next reading finds the channel closed.
   virtual void Write(std::string_view line) = 0;
+  /// What runs as soon as a line asks to cancel what is running, on a thread of the channel; null for
+  /// nothing. After the return nothing that was set before runs. A channel that does not read ahead never
+  /// runs it.
+  virtual void SetOnCancel(std::function<void()> /*onCancel*/) {}
 };
 
 /// A channel over two file descriptors, which it does not own.

@@ -153,6 +153,9 @@ void TSessionLoop::Dispatch(const TEvent& event) {
       FQuit = true;
       FClosing = true;
       return;
+    case TDo::Cancel:
+      // The channel has seen to it when the event came: what it was meant for has ended.
+      return;
     case TDo::Menu:
     case TDo::Call:
     case TDo::Language:

@@ -11,6 +11,7 @@
 #include "host/worker/ConsoleSession.h"
 #include "host/worker/EndWithGateway.h"
 #include "host/worker/MainForm.h"
+#include "host/worker/WatchedChannel.h"
 
 namespace zanhost {
 
@@ -21,12 +22,14 @@ namespace {
 /// Longest line that a session takes, in bytes.
 constexpr std::size_t kLongestLine = std::size_t{1024} * 1024;
 
-/// A channel over standard input and output. A reader that has gone is found out at the next reading, not by
-/// a signal in the middle of an operation.
-TDescriptorChannel StandardChannel() {
-  std::signal(SIGPIPE, SIG_IGN);
-  return {STDIN_FILENO, STDOUT_FILENO, kLongestLine};
-}
+/// A channel over standard input and output.
+struct TStandardChannel {
+  TStandardChannel() {
+    // A reader that has gone is found out at the next reading, not by a signal in the middle of an operation.
+    std::signal(SIGPIPE, SIG_IGN);
+  }
+  TWatchedChannel Lines{STDIN_FILENO, STDOUT_FILENO, kLongestLine};
+};
 
 /// A session with its main window.
 struct TBrowserSession {
@@ -72,8 +75,8 @@ std::optional<json::object> RunForScript(TConsoleSession& session, const TEvent&
 
 int RunWorker(const TSessionOptions& options) {
   EndWithGateway();
-  TDescriptorChannel channel = StandardChannel();
-  return RunWorker(options, channel);
+  TStandardChannel channel;
+  return RunWorker(options, channel.Lines);
 }
 
 int RunWorker(const TSessionOptions& options, TLineChannel& channel) {
@@ -90,8 +93,8 @@ int RunWorker(const TSessionOptions& options, TLineChannel& channel) {
 }
 
 int RunScript(const TSessionOptions& options) {
-  TDescriptorChannel channel = StandardChannel();
-  return RunScript(options, channel);
+  TStandardChannel channel;
+  return RunScript(options, channel.Lines);
 }
 
 int RunScript(const TSessionOptions& options, TLineChannel& channel) {

@@ -1,5 +1,5 @@
 import { describe, expect, it } from 'vitest'
-import { BUSY_DELAY, TYPING_DELAY } from '../src/core/session'
+import { BUSY_DELAY, SLOW_DELAY, TYPING_DELAY } from '../src/core/session'
 import { dialogSnapshot, makeBench, settle } from './support'
 
 function opened() {
@@ -99,6 +99,23 @@ describe('the busy sign', () => {
     socket().say({ seq: 2, ack: 1, changes: [] })
     clock.pass(BUSY_DELAY * 2)
     expect(session.status.busy).toBe(false)
+  })
+})
+
+describe('work that takes long', () => {
+  it('can be cancelled after a while, until it is acknowledged', () => {
+    const { session, clock, socket } = opened()
+    session.act(3, 'BitBtnOk')
+    clock.pass(SLOW_DELAY - 1)
+    expect(session.status.slow).toBe(false)
+    clock.pass(1)
+    expect(session.status.slow).toBe(true)
+    session.cancel()
+    expect(socket().sent).toContainEqual({ n: 2, do: 'cancel' })
+    socket().say({ seq: 2, ack: 1, changes: [] })
+    expect(session.status.slow).toBe(true)
+    socket().say({ seq: 3, ack: 2, changes: [] })
+    expect(session.status.slow).toBe(false)
   })
 })
 

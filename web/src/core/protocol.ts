@@ -129,4 +129,5 @@ export type ClientEvent =
   | { do: 'close'; window: number }
   | { do: 'language'; value: string }
   | { do: 'snapshot' }
+  | { do: 'cancel' }
   | { do: 'quit' }

@@ -6,6 +6,8 @@ import { Transport, type Clock, type LinkState, type TransportParts } from './tr
 export const TYPING_DELAY = 80
 /** Work that takes longer is shown. */
 export const BUSY_DELAY = 300
+/** After this long a person may cancel it. */
+export const SLOW_DELAY = 3000
 
 interface Typed {
   window: number
@@ -19,6 +21,8 @@ export interface SessionStatus {
   link: LinkState
   /** An event has been waiting for its acknowledgement for a while. */
   busy: boolean
+  /** It has been waiting for so long that a person may want to cancel. */
+  slow: boolean
 }
 
 export interface SessionParts extends TransportParts {
@@ -39,6 +43,7 @@ export class Session {
   private readonly typed = new Map<string, Typed>()
   private cancelFlush: (() => void) | undefined
   private cancelBusy: (() => void) | undefined
+  private cancelSlow: (() => void) | undefined
   private acknowledged = 0
 
   constructor(parts: SessionParts) {
@@ -47,7 +52,7 @@ export class Session {
     this.mirror.isTyping = (window, name) => this.typed.has(keyOf(window, name))
     this.clock = parts.clock
     this.transport = new Transport(parts)
-    this.status = observer.object({ link: this.transport.state, busy: false })
+    this.status = observer.object({ link: this.transport.state, busy: false, slow: false })
     this.transport.onState = state => this.linkChanged(state)
     this.transport.onMessage = message => this.receive(message)
   }
@@ -75,6 +80,11 @@ export class Session {
 
   act(window: number, name: string): void {
     this.send({ do: 'act', window, name })
+  }
+
+  /** Ends the statement that the session is running. */
+  cancel(): void {
+    this.transmit({ do: 'cancel' })
   }
 
   /** A choice, a check, a page: shown and sent at once. */
@@ -112,8 +122,10 @@ export class Session {
 
   private transmit(event: ClientEvent): number {
     const number = this.transport.send(event)
-    if (number > 0 && !this.cancelBusy)
+    if (number > 0 && !this.cancelBusy) {
       this.cancelBusy = this.clock.after(BUSY_DELAY, () => { this.status.busy = !this.settled })
+      this.cancelSlow = this.clock.after(SLOW_DELAY, () => { this.status.slow = !this.settled })
+    }
     return number
   }
 
@@ -132,10 +144,14 @@ export class Session {
   private acknowledge(number: number): void {
     this.acknowledged = Math.max(this.acknowledged, number)
     for (const [key, typed] of this.typed) if (typed.number > 0 && typed.number <= number) this.typed.delete(key)
-    if (!this.settled) return
+    if (this.settled) this.rest()
+  }
+
+  private rest(): void {
     this.cancelBusy?.()
-    this.cancelBusy = undefined
-    this.status.busy = false
+    this.cancelSlow?.()
+    this.cancelBusy = this.cancelSlow = undefined
+    this.status.busy = this.status.slow = false
   }
 
   /** After a snapshot: what was typed and not acknowledged is still what the person wants. */
@@ -151,9 +167,7 @@ export class Session {
   private linkChanged(state: LinkState): void {
     this.status.link = state
     if (state.is !== 'open') {
-      this.cancelBusy?.()
-      this.cancelBusy = undefined
-      this.status.busy = false
+      this.rest()
       return
     }
     this.acknowledged = 0
