@@ -26,7 +26,7 @@ bool IsLostConnection(unsigned number) {
   }
 }
 
-/// Troubles of reaching the server; empty for any other.
+/// Troubles of being let in by the server; empty for any other.
 std::string DescribeReaching(const TMariaDbError& error, const TMariaDbFaultContext& context) {
   switch (error.Number) {
     case CR_CONNECTION_ERROR:
@@ -38,6 +38,14 @@ std::string DescribeReaching(const TMariaDbError& error, const TMariaDbFaultCont
     case ER_ACCESS_DENIED_NO_PASSWORD_ERROR:
       return fmt::format("The database server {} does not let the user '{}' in with the password given.",
                          context.Server, context.User);
+    case ER_TABLEACCESS_DENIED_ERROR:
+    case ER_COLUMNACCESS_DENIED_ERROR:
+    case ER_PROCACCESS_DENIED_ERROR:
+      return fmt::format(
+          "The database server {} does not let the user '{}' do this ({}). Nothing was changed; give that "
+          "user "
+          "the right on the server.",
+          context.Server, context.User, error.Text);
     case ER_CON_COUNT_ERROR:
     case ER_TOO_MANY_USER_CONNECTIONS:
       return fmt::format(
@@ -96,7 +104,6 @@ bool RepeatsNoText(unsigned number) {
     case ER_NO_SUCH_TABLE:
     case ER_BAD_FIELD_ERROR:
     case ER_BAD_DB_ERROR:
-    case ER_TABLEACCESS_DENIED_ERROR:
     case ER_DBACCESS_DENIED_ERROR:
       return true;
     default:
