@@ -196,7 +196,7 @@ TEST_P(Conformance, Faults_InstallingTheSchemaIsTriedAgain) {
       statements = n - 1;
       break;
     } catch (const zanrole::EDatabaseError& fault) {
-      EXPECT_EQ(fault.Message(), TFaultyDatabase::kMessage);
+      ASSERT_EQ(fault.Message(), TFaultyDatabase::kMessage);
     }
   }
   EXPECT_GE(statements, 2);
