@@ -4,60 +4,48 @@
 #include <fmt/ranges.h>
 
 #include <algorithm>
+#include <cstdio>
+#include <utility>
 
 #include "Frame/Host/Classes.h"
 #include "Frame/Host/Zandbs.h"
-#include "host/query/MariaDb/Flavour.h"
 
 namespace zanhost {
 
 namespace {
 
-using TTextRow = std::vector<std::string>;
-
 constexpr std::string_view kCollation = "utf8mb4_nopad_bin";
 // The first version whose insert gives back the row that it wrote or changed.
-constexpr unsigned long kOldestVersion = 100500;
+constexpr std::pair kOldestVersion{10, 5};
 
 constexpr char kReadServer[] =
     "select @@version, @@lower_case_table_names, @@log_bin and @@binlog_format = 'STATEMENT'";
 
 [[noreturn]] void Refuse(const std::string& sentence) { throw zanrole::EDatabaseError(sentence, {}); }
 
-std::vector<TTextRow> Ask(TMariaDbConnection& connection, const std::string& statement) {
-  connection.Send(statement);
-  const TMySqlResultHandle result(mysql_store_result(connection.Handle()));
-  if (result == nullptr) connection.Raise();
-  std::vector<TTextRow> rows;
-  while (const MYSQL_ROW cells = mysql_fetch_row(result.get())) {
-    TTextRow& row = rows.emplace_back();
-    for (unsigned i = 0; i < result->field_count; ++i) row.emplace_back(cells[i] != nullptr ? cells[i] : "");
-  }
-  return rows;
+/// Is the server's "10.11.4-MariaDB" or what it says at least the oldest version?
+bool IsNewEnough(const std::string& version) {
+  int major = 0, minor = 0;
+  const int read = std::sscanf(version.c_str(), "%d.%d", &major, &minor);
+  return read == 2 && std::pair(major, minor) >= kOldestVersion;
 }
 
-std::vector<TTextRow> AskForDatabase(TMariaDbConnection& connection, const std::string& database) {
-  return Ask(connection,
-             "select default_collation_name from information_schema.schemata where schema_name = " +
-                 zanrole::QuotedStr(database));
+TTextRows AskForDatabase(const TInspection& inspection, const std::string& database) {
+  return inspection.Ask(
+      "select default_collation_name from information_schema.schemata where schema_name = " +
+      zanrole::QuotedStr(database));
 }
 
-void MakeDatabase(TMariaDbConnection& connection, const std::string& database) {
-  connection.Exec(fmt::format("create database if not exists {} character set utf8mb4 collate {}",
-                              QuotedMariaDbName(database), kCollation));
+void MakeDatabase(const TInspection& inspection, const std::string& database) {
+  inspection.Ask(fmt::format("create database if not exists {} character set utf8mb4 collate {}",
+                             QuotedMariaDbName(database), kCollation));
 }
 
-}  // namespace
-
-std::string QuotedMariaDbName(const std::string& name) {
-  return "`" + zanrole::StringReplace(name, "`", "``") + "`";
-}
-
-void CheckMariaDbServer(TMariaDbConnection& connection) {
-  const TTextRow settings = Ask(connection, kReadServer).at(0);
-  const std::string server = connection.Url().Server();
+void InspectServer(const TInspection& inspection) {
+  const std::vector<std::string> settings = inspection.Ask(kReadServer).at(0);
+  const std::string& server = inspection.Server;
   const bool isMariaDb = settings[0].find("MariaDB") != std::string::npos;
-  if (!isMariaDb || mysql_get_server_version(connection.Handle()) < kOldestVersion)
+  if (!isMariaDb || !IsNewEnough(settings[0]))
     Refuse(fmt::format("The database server {} is of version {}. MariaDB 10.5 or later is needed.", server,
                        settings[0]));
   if (settings[1] != "1")
@@ -73,17 +61,17 @@ void CheckMariaDbServer(TMariaDbConnection& connection) {
                     server));
 }
 
-void CheckMariaDbDatabase(TMariaDbConnection& connection, const std::string& database, TOpenMode mode) {
-  std::vector<TTextRow> found = AskForDatabase(connection, database);
-  if (found.empty() && mode == TOpenMode::CreateIfMissing) {
-    MakeDatabase(connection, database);
-    found = AskForDatabase(connection, database);
+void InspectDatabase(const TInspection& inspection, const std::string& database) {
+  TTextRows found = AskForDatabase(inspection, database);
+  if (found.empty() && inspection.Mode == TOpenMode::CreateIfMissing) {
+    MakeDatabase(inspection, database);
+    found = AskForDatabase(inspection, database);
   }
   if (found.empty())
     Refuse(
         fmt::format("There is no database '{0}' on the server {1}, or the user '{2}' may not see it. Make "
                     "database and tables with: zanhost schema --data URL",
-                    database, connection.Url().Server(), connection.Url().User));
+                    database, inspection.Server, inspection.User));
   if (found[0][0] != kCollation)
     Refuse(
         fmt::format("The database '{0}' has the collation {1}, under which texts do not compare exactly. "
@@ -91,20 +79,36 @@ void CheckMariaDbDatabase(TMariaDbConnection& connection, const std::string& dat
                     database, found[0][0], QuotedMariaDbName(database), kCollation));
 }
 
-void CheckMariaDbRoutines(TMariaDbConnection& connection, const std::string& database) {
-  const std::vector<TTextRow> there =
-      Ask(connection, "select routine_name from information_schema.routines where routine_schema = " +
-                          zanrole::QuotedStr(database));
+void InspectRoutines(const TInspection& inspection, const std::string& database) {
+  const TTextRows there =
+      inspection.Ask("select routine_name from information_schema.routines where routine_schema = " +
+                     zanrole::QuotedStr(database));
   std::vector<std::string> missing;
-  for (const std::string_view routine : MariaDbFlavourOf(connection.Url().Dialect).Routines) {
-    const auto isThere = [&](const TTextRow& row) { return zanrole::SameText(row[0], routine); };
+  for (const std::string_view routine : inspection.Routines) {
+    const auto isThere = [&](const std::vector<std::string>& row) {
+      return zanrole::SameText(row[0], routine);
+    };
     if (std::none_of(there.begin(), there.end(), isThere)) missing.emplace_back(routine);
   }
   if (!missing.empty())
     Refuse(
         fmt::format("The database '{}' on the server {} lacks tables or routines of this program ({}). Make "
                     "them with: zanhost schema --data URL",
-                    database, connection.Url().Server(), fmt::join(missing, ", ")));
+                    database, inspection.Server, fmt::join(missing, ", ")));
+}
+
+}  // namespace
+
+std::string QuotedMariaDbName(const std::string& name) {
+  return "`" + zanrole::StringReplace(name, "`", "``") + "`";
+}
+
+void InspectMariaDb(const TInspection& inspection) {
+  InspectServer(inspection);
+  for (const std::string& database : inspection.Databases) {
+    InspectDatabase(inspection, database);
+    if (inspection.Mode == TOpenMode::MustExist) InspectRoutines(inspection, database);
+  }
 }
 
 }  // namespace zanhost

@@ -1,24 +1,17 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
-#include "host/query/MariaDb/Connection.h"
+#include "host/query/Inspection.h"
 
 namespace zanhost {
 
-// What is looked at when a session connects. Each raises EDatabaseError that says in plain words what is
-// wrong and how to set it, or TMariaDbFault when asking fails.
-
-/// The server: MariaDB of a version that is new enough, names of tables without regard to case, a binary log
-/// that takes the session's transactions.
-void CheckMariaDbServer(TMariaDbConnection& connection);
-
-/// The database: it is there, and new tables in it compare texts exactly. It is made when `mode` says so.
-void CheckMariaDbDatabase(TMariaDbConnection& connection, const std::string& database, TOpenMode mode);
-
-/// The stored routines that the statements call.
-void CheckMariaDbRoutines(TMariaDbConnection& connection, const std::string& database);
+/// Looks at the server (MariaDB of a version that is new enough, names of tables without regard to case, a
+/// binary log that takes the session's transactions), at the databases (they are there, and new tables in
+/// them compare texts exactly) and, when all must exist, at the stored routines that the statements call.
+/// Databases that are missing are made when the mode says so. Raises EDatabaseError that says in plain words
+/// what is wrong and how to set it; passes on what asking throws.
+void InspectMariaDb(const TInspection& inspection);
 
 /// `name`, for a statement.
 std::string QuotedMariaDbName(const std::string& name);

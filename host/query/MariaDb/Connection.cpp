@@ -141,6 +141,19 @@ void TMariaDbConnection::Exec(std::string_view text) {
   } while (NextResult());
 }
 
+TTextRows TMariaDbConnection::Ask(const std::string& statement) {
+  Send(statement);
+  const TMySqlResultHandle result(mysql_store_result(Handle()));
+  if (result == nullptr && mysql_field_count(Handle()) != 0) Raise();
+  TTextRows rows;
+  if (result == nullptr) return rows;
+  while (const MYSQL_ROW cells = mysql_fetch_row(result.get())) {
+    std::vector<std::string>& row = rows.emplace_back();
+    for (unsigned i = 0; i < result->field_count; ++i) row.emplace_back(cells[i] != nullptr ? cells[i] : "");
+  }
+  return rows;
+}
+
 void TMariaDbConnection::Raise() { Raise(ErrorOf(Handle())); }
 
 void TMariaDbConnection::Raise(MYSQL_STMT* statement) { Raise(ErrorOf(statement)); }

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "host/query/DataUrl.h"
+#include "host/query/Inspection.h"
 #include "host/query/MariaDb/Fault.h"
 #include "host/query/MariaDb/Handles.h"
 #include "host/query/MariaDb/Url.h"
@@ -60,6 +60,8 @@ class TMariaDbConnection {
   void Send(std::string_view text);
   /// Runs a statement and throws its results away.
   void Exec(std::string_view text);
+  /// Runs a statement and gives its rows.
+  TTextRows Ask(const std::string& statement);
   /// Stands on the next answer of what was sent; false when there is none.
   bool NextResult();
 

@@ -16,11 +16,13 @@ constexpr std::size_t kCachedStatements = 48;
 std::unique_ptr<TMariaDbConnection> ConnectAndCheck(const TMariaDbUrl& url, TOpenMode mode) {
   try {
     auto connection = std::make_unique<TMariaDbConnection>(url);
-    CheckMariaDbServer(*connection);
-    for (const std::string& database : {url.Data, url.System}) {
-      CheckMariaDbDatabase(*connection, database, mode);
-      if (mode == TOpenMode::MustExist) CheckMariaDbRoutines(*connection, database);
-    }
+    const auto ask = [&](const std::string& statement) { return connection->Ask(statement); };
+    InspectMariaDb({ask,
+                    url.Server(),
+                    url.User,
+                    {url.Data, url.System},
+                    MariaDbFlavourOf(url.Dialect).Routines,
+                    mode});
     return connection;
   } catch (const TMariaDbFault& fault) {
     throw EDatabaseError(fault.Message, {});

@@ -4,22 +4,11 @@
 
 #include "host/query/MariaDb/MariaDbDatabase.h"
 #include "host/query/MariaDb/Rules.h"
+#include "host/query/Parameters.h"
 
 namespace zanhost {
 
 namespace {
-
-/// "select *" and "a.*": what they give changes with the table, and the client refuses the rows of a
-/// statement that gives another number of columns than when it was prepared.
-bool ListsAllColumns(const TTokens& tokens) {
-  for (std::size_t at = 1; at < tokens.size(); ++at) {
-    const TToken& previous = tokens[at - 1];
-    const bool beginsColumn = previous.IsWord("select") || previous.IsWord("distinct") ||
-                              previous.IsOperator(",") || previous.IsOperator(".");
-    if (tokens[at].IsOperator("*") && beginsColumn) return true;
-  }
-  return false;
-}
 
 /// Only these gain by being prepared: a recursion costs much more than the reading of its text.
 bool IsShortStatement(const TTokens& tokens) {

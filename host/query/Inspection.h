@@ -1,0 +1,27 @@
+#pragma once
+
+#include <functional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/query/DataUrl.h"
+
+namespace zanhost {
+
+/// The rows of a statement as texts, nulls as empty ones; no rows for one that gives none.
+using TTextRows = std::vector<std::vector<std::string>>;
+
+/// What is looked at when a session connects: whether server and databases are as the host needs them.
+struct TInspection {
+  std::function<TTextRows(const std::string& statement)> Ask;
+  std::string Server;  ///< for messages
+  std::string User;
+  std::vector<std::string> Databases;  ///< data and system
+  /// Stored routines that the statements call, in each of both.
+  std::span<const std::string_view> Routines;
+  TOpenMode Mode;
+};
+
+}  // namespace zanhost
