@@ -1,9 +1,9 @@
 # The Debian packages that building, testing and measuring need. Sourced by ../zan.
 
 PACKAGES_build="g++ cmake ninja-build ccache gettext libboost1.81-dev libboost-json1.81-dev libboost-locale1.81-dev
-  libsqlite3-dev libmariadb-dev pkgconf libssl-dev libspdlog-dev libfmt-dev libcli11-dev"
+  libsqlite3-dev libmariadb-dev unixodbc-dev pkgconf libssl-dev libspdlog-dev libfmt-dev libcli11-dev"
 PACKAGES_test="libgtest-dev libgmock-dev clang-format clang-tidy chromium fonts-noto-cjk binutils sqlite3 openssl
-  mariadb-server"
+  mariadb-server odbc-mariadb"
 PACKAGES_bench="mariadb-server"
 PACKAGES_fuzz="clang"
 

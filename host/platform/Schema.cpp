@@ -19,6 +19,12 @@ constexpr std::string_view kFindVersionTableMariaDb =
     "select 1 from information_schema.tables\n"
     "where table_schema = database() and table_name = 'zanschemaversion'";
 
+constexpr std::string_view kFindVersionTableSqlServer =
+    "select 1 from sys.tables where name = 'ZanSchemaVersion'";
+constexpr std::string_view kFindVersionTableOracle =
+    "select 1 from all_tables\n"
+    "where owner = sys_context('USERENV', 'CURRENT_SCHEMA') and table_name = 'ZANSCHEMAVERSION'";
+
 // A later program may have been faster while this one waited for the lock: its version stays.
 constexpr std::string_view kNoteVersionSqlite =
     "\n"
@@ -36,9 +42,23 @@ constexpr std::string_view kNoteVersionMariaDb =
 
 bool IsMariaDb(TDatabase& database) { return database.Server() == TServerKind::MariaDb; }
 
+std::string_view FindVersionTable(TServerKind server) {
+  switch (server) {
+    case TServerKind::MariaDb:
+      return kFindVersionTableMySql;
+    case TServerKind::SqlServer:
+      return kFindVersionTableSqlServer;
+    case TServerKind::Oracle:
+      return kFindVersionTableOracle;
+    case TServerKind::Sqlite:
+      break;
+  }
+  return kFindVersionTableSqlite;
+}
+
 bool HasVersionTable(TDatabase& database) {
   const auto query = database.GetQuery();
-  query->SQL().SetText(IsMariaDb(database) ? kFindVersionTableMariaDb : kFindVersionTableSqlite);
+  query->SQL().SetText(FindVersionTable(database.Server()));
   query->Open();
   return !query->Eof();
 }
@@ -90,6 +110,16 @@ std::string MariaDbScript(TDatabase& database, bool withTables) {
   return script + useData + fmt::format(kNoteVersionMariaDb, kSchemaVersion);
 }
 
+/// These servers are set up with their own clients, which know where a statement of the files ends.
+void RefuseServerWithClient(TServerKind server) {
+  const bool isOracle = server == TServerKind::Oracle;
+  if (!isOracle && server != TServerKind::SqlServer) return;
+  throw zanrole::EZanError(
+      fmt::format("Tables on this server are made with its own command line client: run the files of {} in "
+                  "their order, then insert the version, {}, into ZanSchemaVersion.",
+                  isOracle ? "schema/oracle" : "schema/sqlserver", kSchemaVersion));
+}
+
 void RefuseLaterVersion(int installed) {
   if (installed <= kSchemaVersion) return;
   throw zanrole::EZanError(
@@ -109,6 +139,7 @@ int InstalledSchemaVersion(TDatabase& database) {
 }
 
 int InstallSchema(TDatabase& database) {
+  RefuseServerWithClient(database.Server());
   const int installed = InstalledSchemaVersion(database);
   RefuseLaterVersion(installed);
   const bool complete = installed == kSchemaVersion;
