@@ -45,7 +45,7 @@ bool IsMariaDb(TDatabase& database) { return database.Server() == TServerKind::M
 std::string_view FindVersionTable(TServerKind server) {
   switch (server) {
     case TServerKind::MariaDb:
-      return kFindVersionTableMySql;
+      return kFindVersionTableMariaDb;
     case TServerKind::SqlServer:
       return kFindVersionTableSqlServer;
     case TServerKind::Oracle:

@@ -1,9 +1,7 @@
 #pragma once
 
 #include <functional>
-#include <span>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "host/query/DataUrl.h"
@@ -19,8 +17,6 @@ struct TInspection {
   std::string Server;  ///< for messages
   std::string User;
   std::vector<std::string> Databases;  ///< data and system
-  /// Stored routines that the statements call, in each of both.
-  std::span<const std::string_view> Routines;
   TOpenMode Mode;
 };
 

@@ -7,6 +7,7 @@
 #include "host/query/DataUrl.h"
 #include "tests/cli/Program.h"
 #include "tests/support/MariaDbServer.h"
+#include "tests/support/OdbcDriver.h"
 
 using testing::HasSubstr;
 using testing::Not;
@@ -31,9 +32,16 @@ std::string MariaDbUrl(const std::string& folder) {
          "&socket=" + zantest::TMariaDbServer::Instance().Socket() + "&folder=" + folder;
 }
 
+std::string MariaDbOverOdbc(const std::string& folder) {
+  static int made = 0;
+  const std::string number = std::to_string(++made);
+  return zantest::OdbcUrl("cli_odbc_data_" + number, "cli_odbc_system_" + number, folder);
+}
+
 const TEngineUrl kSqlite{"Sqlite", [] { return std::string(); },
                          [](const std::string& folder) { return "sqlite:" + folder; }};
 const TEngineUrl kMariaDb{"MariaDb", zantest::WhyNoMariaDbServer, MariaDbUrl};
+const TEngineUrl kOdbc{"MariaDbOdbc", zantest::WhyNoOdbcDriver, MariaDbOverOdbc};
 
 /// What a person does with the commands has the same effect wherever the data lies.
 class CommandsOnEngine : public testing::TestWithParam<TEngineUrl> {
@@ -74,7 +82,7 @@ class CommandsOnEngine : public testing::TestWithParam<TEngineUrl> {
   zantest::TTemporaryFolder FParent;
 };
 
-INSTANTIATE_TEST_SUITE_P(Engines, CommandsOnEngine, testing::Values(kSqlite, kMariaDb),
+INSTANTIATE_TEST_SUITE_P(Engines, CommandsOnEngine, testing::Values(kSqlite, kMariaDb, kOdbc),
                          [](const auto& engine) { return engine.param.Name; });
 
 }  // namespace

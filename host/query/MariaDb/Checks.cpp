@@ -79,12 +79,13 @@ void InspectDatabase(const TInspection& inspection, const std::string& database)
                     database, found[0][0], QuotedMariaDbName(database), kCollation));
 }
 
-void InspectRoutines(const TInspection& inspection, const std::string& database) {
+void InspectRoutines(const TInspection& inspection, const std::string& database,
+                     std::span<const std::string_view> routines) {
   const TTextRows there =
       inspection.Ask("select routine_name from information_schema.routines where routine_schema = " +
                      zanrole::QuotedStr(database));
   std::vector<std::string> missing;
-  for (const std::string_view routine : inspection.Routines) {
+  for (const std::string_view routine : routines) {
     const auto isThere = [&](const std::vector<std::string>& row) {
       return zanrole::SameText(row[0], routine);
     };
@@ -103,11 +104,11 @@ std::string QuotedMariaDbName(const std::string& name) {
   return "`" + zanrole::StringReplace(name, "`", "``") + "`";
 }
 
-void InspectMariaDb(const TInspection& inspection) {
+void InspectMariaDb(const TInspection& inspection, std::span<const std::string_view> routines) {
   InspectServer(inspection);
   for (const std::string& database : inspection.Databases) {
     InspectDatabase(inspection, database);
-    if (inspection.Mode == TOpenMode::MustExist) InspectRoutines(inspection, database);
+    if (inspection.Mode == TOpenMode::MustExist) InspectRoutines(inspection, database, routines);
   }
 }
 

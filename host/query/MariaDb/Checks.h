@@ -1,6 +1,8 @@
 #pragma once
 
+#include <span>
 #include <string>
+#include <string_view>
 
 #include "host/query/Inspection.h"
 
@@ -8,10 +10,10 @@ namespace zanhost {
 
 /// Looks at the server (MariaDB of a version that is new enough, names of tables without regard to case, a
 /// binary log that takes the session's transactions), at the databases (they are there, and new tables in
-/// them compare texts exactly) and, when all must exist, at the stored routines that the statements call.
+/// them compare texts exactly) and, when all must exist, at the stored `routines` that the statements call.
 /// Databases that are missing are made when the mode says so. Raises EDatabaseError that says in plain words
 /// what is wrong and how to set it; passes on what asking throws.
-void InspectMariaDb(const TInspection& inspection);
+void InspectMariaDb(const TInspection& inspection, std::span<const std::string_view> routines);
 
 /// `name`, for a statement.
 std::string QuotedMariaDbName(const std::string& name);

@@ -17,12 +17,8 @@ std::unique_ptr<TMariaDbConnection> ConnectAndCheck(const TMariaDbUrl& url, TOpe
   try {
     auto connection = std::make_unique<TMariaDbConnection>(url);
     const auto ask = [&](const std::string& statement) { return connection->Ask(statement); };
-    InspectMariaDb({ask,
-                    url.Server(),
-                    url.User,
-                    {url.Data, url.System},
-                    MariaDbFlavourOf(url.Dialect).Routines,
-                    mode});
+    InspectMariaDb({ask, url.Server(), url.User, {url.Data, url.System}, mode},
+                   MariaDbFlavourOf(url.Dialect).Routines);
     return connection;
   } catch (const TMariaDbFault& fault) {
     throw EDatabaseError(fault.Message, {});

@@ -4,6 +4,7 @@
 
 #include "host/query/MariaDb/Checks.h"
 #include "host/query/MariaDb/Fault.h"
+#include "host/query/MariaDb/Flavour.h"
 #include "host/query/MariaDb/Rules.h"
 #include "host/query/MariaDb/Script.h"
 #include "host/query/MySqlHelpers.h"
@@ -32,6 +33,10 @@ std::vector<std::string> SessionSettings(const TOdbcLimits& limits) {
 }
 
 std::string UseDatabase(const std::string& name) { return "use " + QuotedMariaDbName(name); }
+
+void Inspect(const TInspection& inspection) {
+  InspectMariaDb(inspection, MariaDbFlavourOf(zanrole::TDialect::MySql).Routines);
+}
 
 /// The driver takes the statements inside a routine for several of the text, and crashes when it is asked for
 /// the answer of the second.
@@ -98,7 +103,7 @@ const TOdbcServer& MySqlOnOdbc() {
       .ProductNames = kProductNames,
       .Family = MySqlFamily,
       .SessionSettings = SessionSettings,
-      .Inspect = InspectMariaDb,
+      .Inspect = Inspect,
       .DatabaseInUse = "select database()",
       .UseDatabase = UseDatabase,
       .Adapt = AdaptForRoutine,
