@@ -29,8 +29,7 @@ TEST(StatementCorpus, AllPropertiesHoldForTextsThatAreCutOff) {
   for (const auto& file : std::filesystem::directory_iterator(kCorpus)) {
     const std::string text = zanhost::ReadFile(file.path());
     for (std::size_t size = 0; size < text.size(); ++size)
-      ASSERT_EQ(BrokenProperty(text.substr(0, size)), "")
-          << text.substr(0, size);
+      ASSERT_EQ(BrokenProperty(text.substr(0, size)), "") << text.substr(0, size);
   }
 }
 

@@ -22,9 +22,7 @@ TMariaDbEngine::~TMariaDbEngine() {
   }
 }
 
-std::string TMariaDbEngine::Url() const {
-  return TMariaDbServer::Instance().Url(FData, FSystem) + FOptions;
-}
+std::string TMariaDbEngine::Url() const { return TMariaDbServer::Instance().Url(FData, FSystem) + FOptions; }
 
 std::unique_ptr<zanhost::TDatabase> TMariaDbEngine::OpenSession() {
   return zanhost::OpenDatabase(Url(), zanhost::TOpenMode::CreateIfMissing);
