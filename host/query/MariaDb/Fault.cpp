@@ -95,7 +95,8 @@ std::string DescribeTrouble(unsigned number, const TMariaDbFaultContext& context
   }
 }
 
-/// The messages of these errors name tables, columns and keys, and repeat no piece of the statement's values.
+/// The messages of these errors name tables, columns and keys. The one value that they repeat is that of a
+/// double key, and no key holds a password.
 bool RepeatsNoText(unsigned number) {
   switch (number) {
     case ER_DUP_ENTRY:

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "Frame/Host/Classes.h"
+#include "host/query/DoubleKey.h"
 #include "host/query/Redaction.h"
 
 namespace zanhost {
@@ -62,6 +63,8 @@ std::string SentenceOf(TOdbcTrouble trouble, const TOdbcError& error, const TOdb
       return fmt::format("The disk of the database server {} is full. Nothing was changed.", context.Server);
     case TOdbcTrouble::ReadOnly:
       return fmt::format("The database server {} can only be read.", context.Server);
+    case TOdbcTrouble::DoubleKey:
+      return DescribeDoubleKey(error.Text);
     case TOdbcTrouble::None:
     case TOdbcTrouble::RepeatsNoText:
       break;

@@ -30,6 +30,7 @@ enum class TOdbcTrouble {
   TooSlow,
   DiskFull,
   ReadOnly,
+  DoubleKey,      ///< told with the server's words, which repeat the key; no key holds a password
   RepeatsNoText,  ///< told in the server's words, which hold no piece of the statement's values
 };
 

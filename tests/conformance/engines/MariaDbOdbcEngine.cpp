@@ -2,6 +2,7 @@
 #include "host/platform/SchemaFiles.h"
 #include "host/query/Odbc/OdbcDatabase.h"
 #include "tests/conformance/Conformance.h"
+#include "tests/support/MariaDbServer.h"
 #include "tests/support/OdbcDriver.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -22,9 +23,9 @@ class TMariaDbOdbcEngine final : public TEngine {
     }
   }
 
+  std::string Url() const override { return OdbcUrl(FData, FSystem, FFolder.Path().string()); }
   std::unique_ptr<zanhost::TDatabase> OpenSession() override {
-    return zanhost::OpenDatabase(OdbcUrl(FData, FSystem, FFolder.Path().string()),
-                                 zanhost::TOpenMode::CreateIfMissing);
+    return zanhost::OpenDatabase(Url(), zanhost::TOpenMode::CreateIfMissing);
   }
   void InstallSchema() override { zanhost::InstallSchema(*OpenSession()); }
 
@@ -32,6 +33,10 @@ class TMariaDbOdbcEngine final : public TEngine {
   std::string LongTextType() const override { return "longtext"; }
   std::string BooleanType() const override { return "tinyint"; }
   std::string DateTimeType() const override { return "datetime"; }
+
+  bool HasServer() const override { return true; }
+  void KillServer() override { TMariaDbServer::Instance().Kill(); }
+  void StartServer() override { TMariaDbServer::Instance().Start(); }
 
   void WaitAtMostMilliseconds(zanhost::TDatabase& session, int milliseconds) override {
     // The server counts whole seconds.

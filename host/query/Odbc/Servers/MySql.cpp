@@ -88,6 +88,7 @@ constexpr std::array kTroubles{
     TOdbcTroubleNumber{1036, TOdbcTrouble::ReadOnly},
     TOdbcTroubleNumber{1290, TOdbcTrouble::ReadOnly},
     TOdbcTroubleNumber{1792, TOdbcTrouble::ReadOnly},
+    TOdbcTroubleNumber{1062, TOdbcTrouble::DoubleKey},
     TOdbcTroubleNumber{1048, TOdbcTrouble::RepeatsNoText},  // a null where none may be
     TOdbcTroubleNumber{1049, TOdbcTrouble::RepeatsNoText},  // no such database
     TOdbcTroubleNumber{1054, TOdbcTrouble::RepeatsNoText},  // no such column

@@ -70,6 +70,7 @@ constexpr std::array kTroubles{
     TOdbcTroubleNumber{12514, TOdbcTrouble::Unreachable},
     TOdbcTroubleNumber{12541, TOdbcTrouble::Unreachable},
     TOdbcTroubleNumber{1017, TOdbcTrouble::NoEntry},
+    TOdbcTroubleNumber{1, TOdbcTrouble::DoubleKey},
     TOdbcTroubleNumber{20, TOdbcTrouble::TooManyConnections},
     TOdbcTroubleNumber{54, TOdbcTrouble::Busy},
     TOdbcTroubleNumber{30006, TOdbcTrouble::Busy},

@@ -88,6 +88,8 @@ constexpr std::array kTroubles{
     TOdbcTroubleNumber{3906, TOdbcTrouble::ReadOnly},
     TOdbcTroubleNumber{18456, TOdbcTrouble::NoEntry},
     TOdbcTroubleNumber{17809, TOdbcTrouble::TooManyConnections},
+    TOdbcTroubleNumber{2601, TOdbcTrouble::DoubleKey},
+    TOdbcTroubleNumber{2627, TOdbcTrouble::DoubleKey},
     TOdbcTroubleNumber{207, TOdbcTrouble::RepeatsNoText},   // no such column
     TOdbcTroubleNumber{208, TOdbcTrouble::RepeatsNoText},   // no such table
     TOdbcTroubleNumber{229, TOdbcTrouble::RepeatsNoText},   // no right to it
