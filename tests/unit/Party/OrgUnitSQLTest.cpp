@@ -1,5 +1,6 @@
 #include "Party/OrgUnitSQL.h"
 
+#include "Frame/Dialects.h"
 #include "tests/unit/Party/PartyFixture.h"
 
 namespace zantest {
@@ -21,9 +22,10 @@ std::vector<TZanValue> Node(int id, int parent, const char* kind) {
 class TOrgUnitSQLTest : public TPartyTest {};
 
 TEST_P(TOrgUnitSQLTest, TheStatementOfTheWholeTree) {
-  EXPECT_EQ(TOrgUnitSQL::OpenSql(),
-            "select * from PartyH  where Type in ('Company','Department','PositionEntity')  order by Type, "
-            "Sequence");
+  EXPECT_THAT(
+      StatementsOf([] { OpenStatement(*TDbProviderFactory::GetQuery(), TOrgUnitSQL::OpenSql()); }),
+      ElementsAre("select * from PartyH where Type in ('Company','Department','PositionEntity') order by "
+                  "Type, Sequence"));
 }
 
 TEST_P(TOrgUnitSQLTest, TheTreeIsReadWithItsManagerPostsByTwoStatements) {
