@@ -3,6 +3,7 @@
 #include "Domain/U_DomainFuncs.h"
 #include "Frame/Package.h"
 #include "Frame/PartyMenuFunc.h"
+#include "Party/PartySysFunc.h"
 
 namespace zanrole {
 
@@ -11,6 +12,7 @@ namespace {
 std::vector<TFuncClass> AllFuncClasses() {
   std::vector<TFuncClass> classes;
   AppendMenuFuncClasses(classes);
+  AppendPartyFuncClasses(classes);
   AppendDomainFuncClasses(classes);
   return classes;
 }
