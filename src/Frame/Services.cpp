@@ -2,6 +2,8 @@
 
 #include "Domain/DomainServiceOperations.h"
 #include "Frame/Package.h"
+#include "OrgRights/OrgRightServiceOperations.h"
+#include "Party/PartyServiceOperations.h"
 #include "Role/RoleServiceOperations.h"
 
 namespace zanrole {
@@ -11,6 +13,8 @@ namespace {
 std::vector<TServiceOperation> AllServiceOperations() {
   std::vector<TServiceOperation> operations;
   AppendRoleServiceOperations(operations);
+  AppendPartyServiceOperations(operations);
+  AppendOrgRightServiceOperations(operations);
   AppendDomainServiceOperations(operations);
   return operations;
 }

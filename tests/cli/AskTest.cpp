@@ -33,6 +33,14 @@ TEST_F(AskCommand, AnswersTextsNumbersTruthsListsAndNothing) {
   EXPECT_EQ(Ask({"TRunPermission.LoadPermissionList"}).Out, "{\"answer\":null}\n");
 }
 
+TEST_F(AskCommand, AnswersOfTheOrganisation) {
+  EXPECT_EQ(Ask({"TOrgRightFuncs.OrgDeptMemberIDs", ""}).Out, "{\"answer\":\"(NULL)\"}\n");
+  EXPECT_EQ(Ask({"TOrgRightFuncs.OrgUserIsUnderling", "", ""}).Out, "{\"answer\":false}\n");
+  EXPECT_EQ(Ask({"TPartyFuncs.findMapId", "行政汇报"}).Out, "{\"answer\":1}\n");
+  EXPECT_EQ(Ask({"TPartyFuncs.GetManagerPositionEntity", "no such code"}).Out, "{\"answer\":-1}\n");
+  EXPECT_EQ(Ask({"TPartyFuncs.SuperOID", "o'neil"}).Status, 1);
+}
+
 TEST_F(AskCommand, SeveralOperationsShareASession) {
   const TRan ran = Ask({"TDomainFuncImpl.SetCurrentDomainID", "2", "+", "TDomainFuncImpl.GetCurDomainID"});
   EXPECT_EQ(ran.Status, 0) << ran.Err;

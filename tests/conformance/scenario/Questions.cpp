@@ -1,13 +1,11 @@
 #include "tests/conformance/scenario/Questions.h"
 
 #include <algorithm>
-#include <functional>
 #include <map>
 #include <optional>
 
 #include "Frame/Package.h"
 #include "Frame/TolFuns.h"
-#include "OrgRights/U_OrgRigthFuncs.h"
 #include "Role/RunPermission.h"
 
 namespace zantest {
@@ -41,55 +39,12 @@ TQuestion ReadQuestion(const TOutlineLine& line, const TNumbers& numbers) {
 
 namespace {
 
-/// How a question outside the table of functions is answered.
-struct TAnswerer {
-  std::size_t Arguments;
-  std::function<std::string(const std::vector<std::string>&)> Answer;
-};
-
 std::string YesOrNo(bool truth) { return truth ? "yes" : "no"; }
 
-using TFuncs = zanrole::TOrgRightFuncs;
-using TOneArgument = std::string (*)(const std::string&);
-using TTwoArguments = bool (*)(const std::string&, const std::string&);
-
-TAnswerer Of(TOneArgument ask) {
-  return {1, [ask](const auto& arguments) { return ask(arguments[0]); }};
+void CheckArguments(const TQuestion& question, const TOutlineLine& line, std::size_t wanted) {
+  if (question.Arguments.size() != wanted)
+    throw line.Error(question.What + " takes " + std::to_string(wanted) + " arguments");
 }
-TAnswerer Of(TTwoArguments ask) {
-  return {2, [ask](const auto& arguments) { return YesOrNo(ask(arguments[0], arguments[1])); }};
-}
-
-const std::map<std::string_view, TAnswerer> kAnswerers{
-    {"OrgUserOID", {0, [](const auto&) { return TFuncs::OrgUserOID(); }}},
-    {"OrgDeptMemberIDs", Of(TFuncs::OrgDeptMemberIDs)},
-    {"OrgDeptMemberCodes", Of(TFuncs::OrgDeptMemberCodes)},
-    {"OrgDeptMemberNames", Of(TFuncs::OrgDeptMemberNames)},
-    {"OrgPositionMemberIDs", Of(TFuncs::OrgPositionMemberIDs)},
-    {"OrgPositionMemberCodes", Of(TFuncs::OrgPositionMemberCodes)},
-    {"OrgPositionMemberNames", Of(TFuncs::OrgPositionMemberNames)},
-    {"OrgUserIsDeptMember", Of(TFuncs::OrgUserIsDeptMember)},
-    {"OrgUserIsPositionMember", Of(TFuncs::OrgUserIsPositionMember)},
-    {"OrgUserIsUnderDept", Of(TFuncs::OrgUserIsUnderDept)},
-    {"OrgUserIsUnderling", Of(TFuncs::OrgUserIsUnderling)},
-    {"OrgUserIsSuperior", Of(TFuncs::OrgUserIsSuperior)},
-    {"OrgCompanyID", Of(TFuncs::OrgCompanyID)},
-    {"OrgCompanyName", Of(TFuncs::OrgCompanyName)},
-    {"OrgCompanyIDs", Of(TFuncs::OrgCompanyIDs)},
-    {"OrgCompanyNames", Of(TFuncs::OrgCompanyNames)},
-    {"OrgCompanyManagerID", Of(TFuncs::OrgCompanyManagerID)},
-    {"OrgCompanyManagerCode", Of(TFuncs::OrgCompanyManagerCode)},
-    {"OrgCompanyManagerName", Of(TFuncs::OrgCompanyManagerName)},
-    {"OrgCompanyManagerIDs", Of(TFuncs::OrgCompanyManagerIDs)},
-    {"OrgCompanyManagerCodes", Of(TFuncs::OrgCompanyManagerCodes)},
-    {"OrgCompanyManagerNames", Of(TFuncs::OrgCompanyManagerNames)},
-    {"may-open",
-     {1,
-      [](const auto& arguments) {
-        const int menu = zanrole::StrToInt(arguments[0]);
-        return YesOrNo(zanrole::TRunPermission::GetInstance().GetMenuPermission(menu));
-      }}},
-};
 
 std::unique_ptr<zanrole::TBaseFunc> FindSystemFunction(const std::string& name) {
   std::size_t count = 0;
@@ -100,11 +55,6 @@ std::unique_ptr<zanrole::TBaseFunc> FindSystemFunction(const std::string& name) 
     if (function->FuncName() == name) return function;
   }
   return nullptr;
-}
-
-void CheckArguments(const TQuestion& question, const TOutlineLine& line, std::size_t wanted) {
-  if (question.Arguments.size() != wanted)
-    throw line.Error(question.What + " takes " + std::to_string(wanted) + " arguments");
 }
 
 /// A system function of the expression language, its inputs in their order.
@@ -120,6 +70,34 @@ std::optional<std::string> AskSystemFunction(const TQuestion& question, const TO
   const zanrole::TFuncParam& output = *info->OutParams.begin();
   if (output.DataType != zanrole::TFuncDataType::Boolean) return output.Value;
   return YesOrNo(zanrole::StrToBool(output.Value));
+}
+
+std::string TextOf(const zanrole::TServiceAnswer& answer) {
+  if (const auto* truth = std::get_if<bool>(&answer)) return YesOrNo(*truth);
+  if (const auto* number = std::get_if<std::int64_t>(&answer)) return std::to_string(*number);
+  if (const auto* list = std::get_if<std::vector<std::string>>(&answer)) return zanrole::Join(",", *list);
+  const auto* text = std::get_if<std::string>(&answer);
+  return text == nullptr ? std::string{} : *text;
+}
+
+/// An operation of a service, told without its class.
+std::optional<std::string> AskService(const TQuestion& question, const TOutlineLine& line) {
+  std::size_t count = 0;
+  const zanrole::TServiceOperation* const operations = zanrole::ZanroleServiceOperations(&count);
+  const zanrole::TServiceOperation* const end = operations + count;
+  const auto* const operation = std::find_if(
+      operations, end, [&](const auto& candidate) { return candidate.Name.ends_with("." + question.What); });
+  if (operation == end) return std::nullopt;
+  CheckArguments(question, line, operation->Arguments.size());
+  return TextOf(operation->Ask(question.Arguments));
+}
+
+/// "may-open MENU": a plain word for the question that the menu asks.
+std::optional<std::string> AskInPlainWords(const TQuestion& question, const TOutlineLine& line) {
+  if (question.What != "may-open") return std::nullopt;
+  CheckArguments(question, line, 1);
+  const int menu = zanrole::StrToInt(question.Arguments[0]);
+  return YesOrNo(zanrole::TRunPermission::GetInstance().GetMenuPermission(menu));
 }
 
 std::vector<std::string> Sorted(const std::string& list) {
@@ -142,11 +120,10 @@ bool Meets(const TQuestion& question, const std::string& answer) {
 }  // namespace
 
 std::string AnswerTo(const TQuestion& question, const TOutlineLine& line) {
-  if (const auto answer = AskSystemFunction(question, line)) return *answer;
-  const auto answerer = kAnswerers.find(question.What);
-  if (answerer == kAnswerers.end()) throw line.Error("nobody answers the question " + question.What);
-  CheckArguments(question, line, answerer->second.Arguments);
-  return answerer->second.Answer(question.Arguments);
+  for (const auto ask : {AskSystemFunction, AskService, AskInPlainWords}) {
+    if (const auto answer = ask(question, line)) return *answer;
+  }
+  throw line.Error("nobody answers the question " + question.What);
 }
 
 std::string WhyNot(const TQuestion& question, const TOutlineLine& line) {

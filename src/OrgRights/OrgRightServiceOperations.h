@@ -1,0 +1,12 @@
+#pragma once
+
+#include <vector>
+
+#include "Frame/Host/Services.h"
+
+namespace zanrole {
+
+/// Adds the operations of the organisation rights queries.
+void AppendOrgRightServiceOperations(std::vector<TServiceOperation>& operations);
+
+}  // namespace zanrole
