@@ -164,7 +164,7 @@ INSTANTIATE_TEST_SUITE_P(Dialects, OrgRightStatements,
                          [](const auto& dialect) {
                            return dialect.param == TDialect::MySql    ? "MySql"
                                   : dialect.param == TDialect::Oracle ? "Oracle"
-                                                                   : "SqlServer";
+                                                                      : "SqlServer";
                          });
 
 }  // namespace
