@@ -7,6 +7,7 @@
 #include "Frame/Package.h"
 #include "Frame/TolFuns.h"
 #include "Role/RunPermission.h"
+#include "Role/TolPermission.h"
 
 namespace zantest {
 
@@ -92,12 +93,20 @@ std::optional<std::string> AskService(const TQuestion& question, const TOutlineL
   return TextOf(operation->Ask(question.Arguments));
 }
 
-/// "may-open MENU": a plain word for the question that the menu asks.
+/// "may-open MENU" and "right HOLDER OPERATION OBJECT": plain words for what the menu and the consoles ask.
 std::optional<std::string> AskInPlainWords(const TQuestion& question, const TOutlineLine& line) {
-  if (question.What != "may-open") return std::nullopt;
-  CheckArguments(question, line, 1);
-  const int menu = zanrole::StrToInt(question.Arguments[0]);
-  return YesOrNo(zanrole::TRunPermission::GetInstance().GetMenuPermission(menu));
+  if (question.What == "may-open") {
+    CheckArguments(question, line, 1);
+    const int menu = zanrole::StrToInt(question.Arguments[0]);
+    return YesOrNo(zanrole::TRunPermission::GetInstance().GetMenuPermission(menu));
+  }
+  if (question.What == "right") {
+    CheckArguments(question, line, 3);
+    zanrole::TTolPermission rights;
+    rights.SetUserID(zanrole::StrToInt(question.Arguments[0]));
+    return rights.GetPermission(zanrole::StrToInt(question.Arguments[2]), question.Arguments[1]);
+  }
+  return std::nullopt;
 }
 
 std::vector<std::string> Sorted(const std::string& list) {
