@@ -7,11 +7,10 @@
 
 #include "bench/BareStatement.h"
 #include "bench/Measure.h"
+#include "bench/SessionOfUser.h"
 #include "host/platform/Sample.h"
 #include "host/platform/Schema.h"
 #include "host/query/DataUrl.h"
-#include "host/worker/FunctionCall.h"
-#include "host/worker/FunctionSession.h"
 
 namespace {
 
@@ -42,26 +41,6 @@ void MakeCompany(const std::string& url, TSivCipher& cipher) {
   MakeSample(*database, {.AdminPassword = "not asked for", .Cipher = cipher});
 }
 
-/// A session of one user, without a console.
-struct TSessionOfUser {
-  TSessionOfUser(const std::string& url, const std::string& login)
-      : Installation({.Data = url, .User = login}),
-        Screen([](const std::string&) {}),
-        Host({Installation.Database(), Installation.Resources(), Installation.Settings(),
-              Installation.Module(), Screen, Screen},
-             LoginOf(Installation.Database(), login)),
-        Session(Installation.Module(), Host) {}
-
-  std::string Ask(const char* function) {
-    return CallFunction(Host.FuncManager(), function, {}).Out.at(0).second + ",";
-  }
-
-  TInstallation Installation;
-  TNoConsole Screen;
-  THostSessionImpl Host;
-  TModuleSession Session;
-};
-
 /// A user who belongs to a domain and has others in his range.
 std::pair<int, std::string> SomeUser(const std::string& url) {
   const auto database = OpenDatabase(url, TOpenMode::MustExist);
@@ -82,7 +61,7 @@ int main() {
   TSivCipher cipher(std::filesystem::path(folder.Path()) / "zanrole.key");
   MakeCompany(url, cipher);
   const auto [oid, login] = SomeUser(url);
-  TSessionOfUser session(url, login);
+  zanbench::TSessionOfUser session(url, login);
   zanbench::TReport report("Domain functions", zanbench::SqliteEngine());
   for (const TQuestion& question : kQuestions) {
     zanbench::TBareStatement floor(folder.Path() + "/zanrole.db", question.Statement);
