@@ -27,6 +27,13 @@ void DropCondition(TTokens& statement) {
   if (number != statement.end()) statement.erase(statement.begin(), number + 1);
 }
 
+/// The helper of SQL Server writes "select top 1", where that of the embedded database writes "limit 1"
+/// behind the select.
+void DropFirstRow(TTokens& statement) {
+  if (statement.size() > 2 && statement[1].IsWord("top"))
+    statement.erase(statement.begin() + 1, statement.begin() + 3);
+}
+
 class TPreparer {
  public:
   TPreparer()
@@ -51,6 +58,7 @@ class TPreparer {
     if (AddsColumn(statement, added))
       FConnection.Exec(("alter table " + added.Table + " drop column " + added.Column).c_str());
     DropCondition(statement);
+    DropFirstRow(statement);
     Adapt(statement, SqliteRules());
     try {
       FConnection.Prepare(TokensToText(statement), false);

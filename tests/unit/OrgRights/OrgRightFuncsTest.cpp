@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "Frame/Dialects.h"
 #include "OrgRights/U_OrgRigthFuncs.h"
 #include "tests/support/RecordingHost.h"
 
@@ -90,6 +91,19 @@ TEST(OrgRightLists, OfNoValueAreNullAndNeverEmptyBrackets) {
   EXPECT_EQ(TFuncs::OrgCompanyManagerCodes("7"), "(NULL)");
   host.Answer("select", {"X"}, {{""}});
   EXPECT_EQ(TFuncs::OrgPositionMembers("7", "c.Title", false), "(\"\")");
+}
+
+TEST(OrgRightLists, StandBehindInAsTheyAre) {
+  TRecordingHost host;
+  const auto accounts = [&] {
+    const std::string list = TFuncs::OrgDeptMemberIDs("7");
+    zanrole::OpenStatement(*zanrole::TDbProviderFactory::GetQuery(),
+                           "select UserID from STUsers where OID in " + list);
+    return host.Texts().back();
+  };
+  EXPECT_THAT(accounts(), EndsWith("where OID in (NULL)"));
+  host.Answer("select distinct d.OID", {"OID"}, {{3}, {7}});
+  EXPECT_THAT(accounts(), EndsWith("where OID in (3,7)"));
 }
 
 TEST(OrgRightLists, AValueWithABlankACommaOrADoubleQuoteStandsInDoubleQuotesAroundItsOwn) {

@@ -4,6 +4,7 @@
 #include "Party/PartyUn.h"
 #include "Party/PositionMap.h"
 #include "tests/support/RecordingHost.h"
+#include "tests/support/StatementCorpus.h"
 
 // Questions that walk a map in memory. The maps, by the numbers of their rows:
 //
@@ -48,6 +49,8 @@ class PartyMaps : public testing::Test {
     return {id, "PositionEntity", "p", "p", 1, 50, "code", "kind", -9};
   }
 
+  const TRefusedStatements FComma{",)", "a list ends in a comma"};
+  const TRefusedStatements FQuote{"'o'neil'", "the quote in the login ends the literal"};
   TRecordingHost Host;
 };
 
