@@ -20,9 +20,8 @@ class ZAN_EXPORT TMyPerHash : public TMyHash {
   TRightDef& Add(TRightDef right);
   /// The first right of exactly this object and operation in the order of adding; null when there is none.
   TRightDef* FindData(int objectID, std::string_view oprate) const {
-    return FindData(TRightKey(objectID, oprate));
+    return FIndex.Find(TRightKey(objectID, oprate));
   }
-  TRightDef* FindData(const TRightKey& key) const { return FIndex.Find(key); }
 
   /// Hash of a pair: the object within 256, plus the sum of the operation's units of UTF-16; reduced.
   static int CalcHashPro(int objectID, std::string_view oprate);

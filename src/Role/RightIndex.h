@@ -15,7 +15,7 @@ struct TRightDef {
   std::string ExcRight;  ///< of a right that was read: "允许" or "禁止"
 };
 
-/// What rights are looked up by, hashed once for any number of tables. It must not outlive the text.
+/// What a right is looked up by. It must not outlive the text.
 struct TRightKey {
   TRightKey(int objectID, std::string_view oprate);
   int ObjectID;

@@ -43,7 +43,9 @@ TTolPermission& TTolPermission::GetInstance() {
 }
 
 TTolPermission::TTolPermission()
-    : FOprateQuery(TDbProviderFactory::GetSysQuery()), FPerQuery(TDbProviderFactory::GetQuery()) {}
+    : FSystemInfo(&SystemInfo()),
+      FOprateQuery(TDbProviderFactory::GetSysQuery()),
+      FPerQuery(TDbProviderFactory::GetQuery()) {}
 
 int TTolPermission::AddObject(int typeID, std::string_view name, int owner) {
   std::optional<TTypeDef> type = FindType(typeID);

@@ -7,7 +7,9 @@
 #include <string_view>
 #include <vector>
 
+#include "Frame/Host/Veshpublics.h"
 #include "Frame/Host/Zandbs.h"
+#include "Role/EffectiveRights.h"
 #include "Role/MyPerHash.h"
 
 namespace zanrole {
@@ -138,6 +140,10 @@ class ZAN_EXPORT TTolPermission {
   /// Rights of the holder's roles, and his own.
   TMyPerHash FGroupsPer;
   TMyPerHash FSelfPer;
+  /// What follows from both.
+  TEffectiveRights FEffective;
+  /// The record of the login; it outlives the session.
+  const TSystemInfo* FSystemInfo;
   /// Answers of LoadPermissionList by object.
   std::map<int, TObjOpraRight> PermissionList;
   /// On the system database, for the registry, and on the data database, for rights and roles.

@@ -40,16 +40,22 @@ constexpr const char* kDeleteRight =
     "delete from stpermission where UserID=:UserID and ObjectID=:ObjectID and Oprate=:Oprate";
 // clang-format on
 
-void ReadRights(TZANQuery& query, std::string_view statement, TMyPerHash& rights) {
+/// `addEffective(objectID, oprate, allowed)` is called for each row.
+template <typename TAddEffective>
+void ReadRights(TZANQuery& query, std::string_view statement, TMyPerHash& rights,
+                const TAddEffective& addEffective) {
   OpenStatement(query, statement);
   rights.Clear();
   if (!query.Eof()) {
     TField& objectID = query.FieldByName("ObjectID");
     TField& oprate = query.FieldByName("Oprate");
     TField& permission = query.FieldByName("Permission");
-    for (; !query.Eof(); query.Next())
-      rights.Add(
-          {objectID.AsInteger(), oprate.AsString(), false, permission.AsInteger() != 0 ? kAllowed : kDenied});
+    for (; !query.Eof(); query.Next()) {
+      const bool allowed = permission.AsInteger() != 0;
+      const TRightDef& right =
+          rights.Add({objectID.AsInteger(), oprate.AsString(), false, allowed ? kAllowed : kDenied});
+      addEffective(right.ObjectID, right.Oprate, allowed);
+    }
   }
   query.Close();
 }
@@ -87,8 +93,11 @@ void TTolPermission::SetUserStr() {
 }
 
 void TTolPermission::LoadAllPermissions() {
-  ReadRights(*FPerQuery, Format(kOwnRights, {FUserID}), FSelfPer);
-  ReadRights(*FPerQuery, Format(kRightsOfRoles, {FUserID}), FGroupsPer);
+  FEffective.Clear();
+  ReadRights(*FPerQuery, Format(kOwnRights, {FUserID}), FSelfPer,
+             [this](const auto&... right) { FEffective.AddOwn(right...); });
+  ReadRights(*FPerQuery, Format(kRightsOfRoles, {FUserID}), FGroupsPer,
+             [this](const auto&... right) { FEffective.AddOfRoles(right...); });
 }
 
 int TTolPermission::GetGroupCount() {
@@ -106,19 +115,24 @@ void TTolPermission::Clear() {
   FGroupList.clear();
   FGroupsPer.Clear();
   FSelfPer.Clear();
+  FEffective.Clear();
 }
 
 std::string TTolPermission::GetPermission(int objectID, std::string_view oprate) const {
-  if (SystemInfo().IsSuperUser) return kAllowed;
-  const TRightKey key(objectID, oprate);
-  const TRightDef* ofRoles = FGroupsPer.FindData(key);
-  if (ofRoles != nullptr && ofRoles->ExcRight == kDenied) return kDenied;
-  const TRightDef* own = FSelfPer.FindData(key);
-  return RightOf(own != nullptr ? own : ofRoles);
+  if (FSystemInfo->IsSuperUser) return kAllowed;
+  switch (FEffective.Find(objectID, oprate)) {
+    case TSetRight::Allowed:
+      return kAllowed;
+    case TSetRight::Denied:
+      return kDenied;
+    case TSetRight::NotSet:
+      break;
+  }
+  return {};
 }
 
 std::string TTolPermission::GetUserSelfPermission(int objectID, std::string_view oprate) const {
-  if (SystemInfo().IsSuperUser) return kAllowed;
+  if (FSystemInfo->IsSuperUser) return kAllowed;
   return RightOf(FSelfPer.FindData(objectID, oprate));
 }
 

@@ -1,0 +1,73 @@
+#include "Role/EffectiveRights.h"
+
+namespace zanrole {
+
+namespace {
+
+// Parts of a slot: the object in 32 bits, the number of the operation in 28, two rights in 2 each.
+constexpr int kRightBits = 4;
+constexpr int kWordBits = 28;
+constexpr int kOwnShift = 0;
+constexpr int kRolesShift = 2;
+
+std::uint64_t PairOf(int objectID, std::uint32_t word) {
+  return std::uint64_t{static_cast<std::uint32_t>(objectID)} << kWordBits | word;
+}
+
+TSetRight RightAt(std::uint64_t slot, int shift) { return static_cast<TSetRight>(slot >> shift & 3u); }
+
+constexpr std::size_t kFirstSlots = 64;
+
+}  // namespace
+
+void TEffectiveRights::AddOwn(int objectID, std::string_view oprate, bool allowed) {
+  Add(objectID, oprate, kOwnShift, allowed);
+}
+
+void TEffectiveRights::AddOfRoles(int objectID, std::string_view oprate, bool allowed) {
+  Add(objectID, oprate, kRolesShift, allowed);
+}
+
+void TEffectiveRights::Clear() {
+  FWords.Clear();
+  FSlots.clear();
+  FCount = 0;
+}
+
+TSetRight TEffectiveRights::Find(int objectID, std::string_view oprate) const {
+  const std::uint32_t word = FWords.Find(oprate);
+  if (word == TWordNumbers::NoWord) return TSetRight::NotSet;
+  const std::uint64_t slot = FSlots[SlotOf(PairOf(objectID, word))];
+  const TSetRight ofRoles = RightAt(slot, kRolesShift);
+  const TSetRight own = RightAt(slot, kOwnShift);
+  return ofRoles == TSetRight::Denied || own == TSetRight::NotSet ? ofRoles : own;
+}
+
+void TEffectiveRights::Add(int objectID, std::string_view oprate, int shift, bool allowed) {
+  if ((FCount + 1) * 4 > FSlots.size() * 3) Grow();
+  const std::uint64_t pair = PairOf(objectID, FWords.Add(oprate));
+  std::uint64_t& slot = FSlots[SlotOf(pair)];
+  if (slot == 0) {
+    slot = pair << kRightBits;
+    ++FCount;
+  }
+  if (RightAt(slot, shift) != TSetRight::NotSet) return;
+  slot |= static_cast<std::uint64_t>(allowed ? TSetRight::Allowed : TSetRight::Denied) << shift;
+}
+
+std::size_t TEffectiveRights::SlotOf(std::uint64_t pair) const {
+  constexpr std::uint64_t kOdd = 0x9E3779B97F4A7C15u;
+  const std::size_t mask = FSlots.size() - 1;
+  std::size_t at = static_cast<std::size_t>((pair * kOdd) >> 32) & mask;
+  while (FSlots[at] != 0 && FSlots[at] >> kRightBits != pair) at = (at + 1) & mask;
+  return at;
+}
+
+void TEffectiveRights::Grow() {
+  std::vector<std::uint64_t> before(FSlots.empty() ? kFirstSlots : FSlots.size() * 2);
+  before.swap(FSlots);
+  for (const std::uint64_t slot : before)
+    if (slot != 0) FSlots[SlotOf(slot >> kRightBits)] = slot;
+}
+
+}  // namespace zanrole
