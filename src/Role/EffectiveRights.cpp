@@ -1,20 +1,39 @@
 #include "Role/EffectiveRights.h"
 
+#include <array>
+#include <bit>
+
 namespace zanrole {
 
 namespace {
 
-// Parts of a slot: the object in 32 bits, the number of the operation in 28, two rights in 2 each.
+// Parts of a slot: the number of the operation in 28 bits, the object in 32, two rights in 2 each.
 constexpr int kRightBits = 4;
-constexpr int kWordBits = 28;
+constexpr int kObjectBits = 32;
 constexpr int kOwnShift = 0;
 constexpr int kRolesShift = 2;
 
 std::uint64_t PairOf(int objectID, std::uint32_t word) {
-  return std::uint64_t{static_cast<std::uint32_t>(objectID)} << kWordBits | word;
+  return std::uint64_t{word} << kObjectBits | static_cast<std::uint32_t>(objectID);
 }
 
-TSetRight RightAt(std::uint64_t slot, int shift) { return static_cast<TSetRight>(slot >> shift & 3u); }
+constexpr TSetRight RightAt(std::uint64_t slot, int shift) {
+  return static_cast<TSetRight>(slot >> shift & 3u);
+}
+
+constexpr TSetRight EffectiveRight(std::uint64_t slot) {
+  const TSetRight ofRoles = RightAt(slot, kRolesShift);
+  const TSetRight own = RightAt(slot, kOwnShift);
+  return ofRoles == TSetRight::Denied || own == TSetRight::NotSet ? ofRoles : own;
+}
+
+/// The rule as a table: a processor cannot foresee how rights are set, so that asking by branches would cost
+/// more than all the rest.
+constexpr auto kEffective = [] {
+  std::array<TSetRight, 1 << kRightBits> table{};
+  for (std::size_t set = 0; set < table.size(); ++set) table[set] = EffectiveRight(set);
+  return table;
+}();
 
 constexpr std::size_t kFirstSlots = 64;
 
@@ -37,10 +56,7 @@ void TEffectiveRights::Clear() {
 TSetRight TEffectiveRights::Find(int objectID, std::string_view oprate) const {
   const std::uint32_t word = FWords.Find(oprate);
   if (word == TWordNumbers::NoWord) return TSetRight::NotSet;
-  const std::uint64_t slot = FSlots[SlotOf(PairOf(objectID, word))];
-  const TSetRight ofRoles = RightAt(slot, kRolesShift);
-  const TSetRight own = RightAt(slot, kOwnShift);
-  return ofRoles == TSetRight::Denied || own == TSetRight::NotSet ? ofRoles : own;
+  return kEffective[FSlots[SlotOf(PairOf(objectID, word))] & (kEffective.size() - 1)];
 }
 
 void TEffectiveRights::Add(int objectID, std::string_view oprate, int shift, bool allowed) {
@@ -56,9 +72,10 @@ void TEffectiveRights::Add(int objectID, std::string_view oprate, int shift, boo
 }
 
 std::size_t TEffectiveRights::SlotOf(std::uint64_t pair) const {
-  constexpr std::uint64_t kOdd = 0x9E3779B97F4A7C15u;
+  // The highest bits of the product: neighbouring objects come to lie far from each other.
+  constexpr std::uint64_t kGoldenRatio = 0x9E3779B97F4A7C15u;
   const std::size_t mask = FSlots.size() - 1;
-  std::size_t at = static_cast<std::size_t>((pair * kOdd) >> 32) & mask;
+  std::size_t at = static_cast<std::size_t>((pair * kGoldenRatio) >> std::countl_zero(std::uint64_t{mask}));
   while (FSlots[at] != 0 && FSlots[at] >> kRightBits != pair) at = (at + 1) & mask;
   return at;
 }

@@ -120,15 +120,9 @@ void TTolPermission::Clear() {
 
 std::string TTolPermission::GetPermission(int objectID, std::string_view oprate) const {
   if (FSystemInfo->IsSuperUser) return kAllowed;
-  switch (FEffective.Find(objectID, oprate)) {
-    case TSetRight::Allowed:
-      return kAllowed;
-    case TSetRight::Denied:
-      return kDenied;
-    case TSetRight::NotSet:
-      break;
-  }
-  return {};
+  // In the order of TSetRight.
+  static constexpr std::string_view kWords[] = {"", kAllowed, kDenied};
+  return std::string(kWords[static_cast<std::size_t>(FEffective.Find(objectID, oprate))]);
 }
 
 std::string TTolPermission::GetUserSelfPermission(int objectID, std::string_view oprate) const {
