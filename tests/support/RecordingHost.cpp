@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <boost/json.hpp>
+#include <cctype>
 
 #include "tests/support/PlainTexts.h"
 #include "tests/support/StatementCorpus.h"
@@ -118,7 +119,11 @@ class TQuotingHelper final : public TDBObjectHelper {
   std::string QuoteName(std::string_view name) override {
     const std::string text(name);
     if (FDialect == TDialect::MySql) return "`" + text + "`";
-    return FDialect == TDialect::Oracle ? "\"" + LowerCase(text) + "\"" : "[" + text + "]";
+    if (FDialect != TDialect::Oracle) return "[" + text + "]";
+    std::string upper = text;
+    std::transform(upper.begin(), upper.end(), upper.begin(),
+                   [](unsigned char letter) { return static_cast<char>(std::toupper(letter)); });
+    return "\"" + upper + "\"";
   }
 
  private:

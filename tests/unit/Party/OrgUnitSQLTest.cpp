@@ -103,7 +103,7 @@ TEST_P(TOrgUnitSQLTest, UnitsAreFoundByKindAndCode) {
                 ASSERT_EQ(units->Count(), 2);
                 EXPECT_EQ((*units)[1].ID, 9);
               }),
-              ElementsAre("select * from PartyH where (" + ByDialect("[Type]", "\"type\"", "`Type`") +
+              ElementsAre("select * from PartyH where (" + ByDialect("[Type]", "\"TYPE\"", "`Type`") +
                           "=:Type) and (code=:code)"));
   EXPECT_THAT(FHost.Statements[0].Params,
               ElementsAre(Pair("Type", TZanValue{"User"}), Pair("code", TZanValue{"zhang"})));
