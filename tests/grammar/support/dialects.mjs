@@ -11,6 +11,7 @@ const words = (text) => new Set(text.split(/\s+/));
 export const dialects = {
   sqlserver: {
     grammar: "tsql",
+    quotedInAnyCase: true,
     functions: words(`${everywhere} isnull getdate substring left right str len charindex db_name object_id`),
     forbiddenWords: words("limit dual sysdate rownum recursive call minus nvarchar2 varchar2 number nclob clob"),
     forbiddenSigns: words("|| `"),
@@ -19,6 +20,7 @@ export const dialects = {
   },
   oracle: {
     grammar: "oracle",
+    quotedInAnyCase: false,
     functions: words(`${everywhere} nvl substr to_char to_date instr length decode`),
     forbiddenWords: words(
       "limit top dbo recursive exec bit nvarchar datetime begintransaction go isnull ifnull now substring"),

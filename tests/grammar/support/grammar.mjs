@@ -116,11 +116,16 @@ function withoutDatabases(tokens) {
   return seen;
 }
 
+/// Quoted names as the schema is read, for a server that finds them in any case.
+const inLowerCase = (tokens) =>
+  tokens.map((token) => (token.kind === "name" ? { ...token, text: token.text.toLowerCase() } : token));
+
 function refuseUnknownColumns(tokens, dialect, schema) {
   const expressions = [...tableExpressions(tokens)].map(([name, names]) => ({ name, columns: columns(names) }));
   const named = new Set(tokens.map((token) => token.text.toLowerCase()));
   const tables = [...schema.tables.values(), ...expressions, ...dialect.catalogue].filter(({ name }) => named.has(name));
-  const text = toText(parameterAs(withoutDatabases(tokens), () => "null")).replace(dialect.valuesOfPackages, "null");
+  const plain = dialect.quotedInAnyCase ? inLowerCase(withoutDatabases(tokens)) : withoutDatabases(tokens);
+  const text = toText(parameterAs(plain, () => "null")).replace(dialect.valuesOfPackages, "null");
   const result = validateWithSchema(text, { tables }, dialect.grammar, { strict: true });
   if (!result.valid) refuse(result.errors.map((error) => error.message).join("; "));
 }
