@@ -97,8 +97,8 @@ void TOdbcDatabase::ExecuteStatement(TRun& run, TTokens& tokens, std::string key
   const bool maybeSeveral = server.MayHaveSeveralAnswers(adapted);
   std::vector<std::string> paramNames = TakeParameters(adapted);
   if (paramNames.empty()) return ExecuteText(run, text, maybeSeveral);
-  const auto prepared = std::make_shared<TPrepared>(FConnection->NewStatement(), TokensToText(adapted),
-                                                    std::move(paramNames), maybeSeveral);
+  const auto prepared = std::make_shared<TPrepared>(
+      TPrepared{FConnection->NewStatement(), TokensToText(adapted), std::move(paramNames), maybeSeveral});
   FConnection->Running(*prepared->Statement, [&] { prepared->Statement->Prepare(prepared->Sent); });
   const bool kept = !key.empty() && key.size() <= kGreatestCachedText && !ListsAllColumns(adapted);
   if (kept) FCache.Add(std::move(key), prepared);
