@@ -36,7 +36,51 @@ constexpr std::string_view kDrawTailMariaDb =
     "), 0) + 1)\n"
     "on duplicate key update LastValue = greatest(LastValue + 1, values(LastValue))\n"
     "returning LastValue";
+
+// Holdlock keeps the place of the counter also while it is not there yet. The name stays out of the source: a
+// column of the source would bring the database's collation, which is not that of the table.
+constexpr std::string_view kDrawHeadSqlServer =
+    "merge into ZanCounter with (holdlock) c\n"
+    "using (select coalesce((";
+constexpr std::string_view kDrawTailSqlServer =
+    "), 0) + 1 Lowest) n\n"
+    "on (c.Name = :Name)\n"
+    "when matched then update\n"
+    " set LastValue = case when c.LastValue >= n.Lowest then c.LastValue + 1 else n.Lowest end\n"
+    "when not matched then insert (Name, LastValue) values (:Name, n.Lowest)\n"
+    "output inserted.LastValue";
+
+// No statement of Oracle changes a row and gives what it holds then: a function of the schema does both.
+constexpr std::string_view kDrawHeadOracle =
+    "select ZanNextNumber(:Name, coalesce((";
+constexpr std::string_view kDrawTailOracle =
+    "), 0) + 1) LastValue from dual";
 // clang-format on
+
+// The words around the select of the highest number in use.
+struct TDrawStatement {
+  std::string_view Head;
+  std::string_view Tail;
+};
+
+TDrawStatement DrawStatementOf(TServerKind server) {
+  switch (server) {
+    case TServerKind::MariaDb:
+      return {kDrawHead, kDrawTailMariaDb};
+    case TServerKind::SqlServer:
+      return {kDrawHeadSqlServer, kDrawTailSqlServer};
+    case TServerKind::Oracle:
+      return {kDrawHeadOracle, kDrawTailOracle};
+    case TServerKind::Sqlite:
+      break;
+  }
+  return {kDrawHead, kDrawTailSqlite};
+}
+
+// For a counter without a table.
+std::string_view UnusedNumberOf(TServerKind server) {
+  return server == TServerKind::Oracle ? "select 0 from dual" : "select 0";
+}
 
 std::string Folded(std::string_view name) {
   std::string folded(name);
@@ -48,9 +92,10 @@ std::string Folded(std::string_view name) {
 
 std::string DrawStatement(TServerKind server, std::string_view foldedName) {
   const auto counter = std::ranges::find(kCounters, foldedName, &TCounter::Name);
-  std::string statement(kDrawHead);
-  statement += counter == kCounters.end() ? std::string_view("0") : counter->HighestInUse;
-  return statement += server == TServerKind::MariaDb ? kDrawTailMariaDb : kDrawTailSqlite;
+  const auto [head, tail] = DrawStatementOf(server);
+  std::string statement(head);
+  statement += counter == kCounters.end() ? UnusedNumberOf(server) : counter->HighestInUse;
+  return statement += tail;
 }
 
 }  // namespace

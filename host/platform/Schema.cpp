@@ -38,9 +38,35 @@ constexpr std::string_view kNoteVersionMariaDb =
     "insert ignore into ZanSchemaVersion (Version, InstalledAt)\n"
     "select {0}, now() from dual\n"
     "where not exists (select 1 from ZanSchemaVersion where Version >= {0});\n";
+// Two processes take turns: the lock goes with the transaction of the script.
+constexpr std::string_view kTakeTurnsSqlServer =
+    "declare @turn int;\n"
+    "exec @turn = sp_getapplock N'ZanSchema', N'Exclusive', N'Transaction', 30000;\n"
+    "if @turn < 0 throw 51000, N'Another program is making the tables.', 1;\n"
+    "go\n";
+constexpr std::string_view kNoteVersionSqlServer =
+    "delete from ZanSchemaVersion where Version < {0};\n"
+    "insert into ZanSchemaVersion (Version, InstalledAt)\n"
+    "select {0}, getdate()\n"
+    "where not exists (select 1 from ZanSchemaVersion where Version >= {0});\n"
+    "go\n";
+// What makes tables ends a transaction on Oracle, so that only the note itself is held against others.
+constexpr std::string_view kNoteVersionOracle =
+    "lock table ZanSchemaVersion in exclusive mode\n"
+    "/\n"
+    "delete from ZanSchemaVersion where Version < {0}\n"
+    "/\n"
+    "insert into ZanSchemaVersion (Version, InstalledAt)\n"
+    "select {0}, sysdate from dual\n"
+    "where not exists (select 1 from ZanSchemaVersion where Version >= {0})\n"
+    "/\n";
 // clang-format on
 
-bool IsMariaDb(TDatabase& database) { return database.Server() == TServerKind::MariaDb; }
+bool HasRoutines(TDatabase& database) { return database.Server() != TServerKind::Sqlite; }
+
+bool IsNamed(const TSchemaFile& file, std::string_view word) {
+  return file.Name.find(word) != std::string_view::npos;
+}
 
 std::string_view FindVersionTable(TServerKind server) {
   switch (server) {
@@ -96,28 +122,71 @@ std::string UseDatabaseOf(zanrole::TZANQuery& query) {
 std::string MariaDbScript(TDatabase& database, bool withTables) {
   const std::string useData = UseDatabaseOf(*database.GetQuery());
   const std::string useSystem = UseDatabaseOf(*database.GetSysQuery());
-  const auto isNamed = [](const TSchemaFile& file, std::string_view word) {
-    return file.Name.find(word) != std::string_view::npos;
-  };
   std::string script;
   for (const TSchemaFile& file : MariaDbFiles(database.Dialect())) {
-    if (isNamed(file, "routines") || isNamed(file, "helpers")) {
+    if (IsNamed(file, "routines") || IsNamed(file, "helpers")) {
       script.append(useData).append(file.Text).append(useSystem).append(file.Text);
     } else if (withTables) {
-      script.append(isNamed(file, "system") ? useSystem : useData).append(file.Text);
+      script.append(IsNamed(file, "system") ? useSystem : useData).append(file.Text);
     }
   }
   return script + useData + fmt::format(kNoteVersionMariaDb, kSchemaVersion);
 }
 
-/// These servers are set up with their own clients, which know where a statement of the files ends.
-void RefuseServerWithClient(TServerKind server) {
-  const bool isOracle = server == TServerKind::Oracle;
-  if (!isOracle && server != TServerKind::SqlServer) return;
-  throw zanrole::EZanError(
-      fmt::format("Tables on this server are made with its own command line client: run the files of {} in "
-                  "their order, then insert the version, {}, into ZanSchemaVersion.",
-                  isOracle ? "schema/oracle" : "schema/sqlserver", kSchemaVersion));
+std::string NameInUse(zanrole::TZANQuery& query, std::string_view question) {
+  query.SQL().SetText(question);
+  query.Open();
+  return query.Fields(0).AsString();
+}
+
+std::string UseSqlServerDatabaseOf(zanrole::TZANQuery& query) {
+  const std::string name = NameInUse(query, "select db_name()");
+  return fmt::format("use [{}];\ngo\n", zanrole::StringReplace(name, "]", "]]"));
+}
+
+std::string UseOracleSchemaOf(zanrole::TZANQuery& query) {
+  const std::string name = NameInUse(query, "select sys_context('USERENV', 'CURRENT_SCHEMA') from dual");
+  return fmt::format("alter session set current_schema = \"{}\"\n/\n", name);
+}
+
+/// The tables of both databases when `withTables` is set, and the routines of the data database.
+std::string SqlServerScript(TDatabase& database, bool withTables) {
+  const std::string useData = UseSqlServerDatabaseOf(*database.GetQuery());
+  const std::string useSystem = UseSqlServerDatabaseOf(*database.GetSysQuery());
+  std::string script(kTakeTurnsSqlServer);
+  for (const TSchemaFile& file : SqlServerSchemaFiles()) {
+    if (!withTables && !IsNamed(file, "routines")) continue;
+    script.append(IsNamed(file, "system") ? useSystem : useData).append(file.Text).append("\ngo\n");
+  }
+  return script + useData + fmt::format(kNoteVersionSqlServer, kSchemaVersion);
+}
+
+/// As for SQL Server; the helper stands in both schemas.
+std::string OracleScript(TDatabase& database, bool withTables) {
+  const std::string useData = UseOracleSchemaOf(*database.GetQuery());
+  const std::string useSystem = UseOracleSchemaOf(*database.GetSysQuery());
+  std::string script;
+  for (const TSchemaFile& file : OracleSchemaFiles()) {
+    if (!withTables && !IsNamed(file, "routines")) continue;
+    if (IsNamed(file, "helpers")) script.append(useSystem).append(file.Text);
+    script.append(IsNamed(file, "system") ? useSystem : useData).append(file.Text);
+  }
+  return script + useData + fmt::format(kNoteVersionOracle, kSchemaVersion);
+}
+
+/// All that is missing, and the routines anew.
+std::string SchemaScript(TDatabase& database, bool withTables) {
+  switch (database.Server()) {
+    case TServerKind::MariaDb:
+      return MariaDbScript(database, withTables);
+    case TServerKind::SqlServer:
+      return SqlServerScript(database, withTables);
+    case TServerKind::Oracle:
+      return OracleScript(database, withTables);
+    case TServerKind::Sqlite:
+      break;
+  }
+  return SqliteScript();
 }
 
 void RefuseLaterVersion(int installed) {
@@ -139,12 +208,11 @@ int InstalledSchemaVersion(TDatabase& database) {
 }
 
 int InstallSchema(TDatabase& database) {
-  RefuseServerWithClient(database.Server());
   const int installed = InstalledSchemaVersion(database);
   RefuseLaterVersion(installed);
   const bool complete = installed == kSchemaVersion;
-  if (complete && !IsMariaDb(database)) return installed;
-  database.ExecScript(IsMariaDb(database) ? MariaDbScript(database, !complete) : SqliteScript());
+  if (complete && !HasRoutines(database)) return installed;
+  database.ExecScript(SchemaScript(database, !complete));
   const int reached = InstalledSchemaVersion(database);
   RefuseLaterVersion(reached);
   return reached;

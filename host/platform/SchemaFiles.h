@@ -15,6 +15,7 @@ struct TSchemaFile {
 // long as the program.
 std::span<const TSchemaFile> SqliteSchemaFiles();
 std::span<const TSchemaFile> MySqlSchemaFiles();
+std::span<const TSchemaFile> SqlServerSchemaFiles();
 std::span<const TSchemaFile> OracleSchemaFiles();
 /// What MariaDB in its Oracle mode runs in place of the files of the same name for Oracle.
 std::span<const TSchemaFile> MariaDbOracleSchemaFiles();

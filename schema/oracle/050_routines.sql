@@ -33,3 +33,22 @@ begin
        p.NodeLevel = n.NodeLevel, p.IsLastLevel = n.IsLastLevel;
 end;
 /
+
+-- Draws the next number of a counter that comes into being at its first use. Nobody else draws meanwhile, and what a
+-- caller takes back later keeps its number.
+create or replace function ZanNextNumber(p_name nvarchar2, p_lowest number) return number as
+  pragma autonomous_transaction;
+  v_number number(10);
+begin
+  lock table ZanCounter in exclusive mode;
+  merge into ZanCounter c
+  using dual
+  on (c.Name = p_name)
+  when matched then update
+   set c.LastValue = greatest(c.LastValue + 1, p_lowest)
+  when not matched then insert (Name, LastValue) values (p_name, p_lowest);
+  select LastValue into v_number from ZanCounter where Name = p_name;
+  commit;
+  return v_number;
+end;
+/

@@ -37,6 +37,8 @@ const broken = {
     "select OID from STUsers where rownum = 1",
     "call P_RefreshPartyParentPath()",
     "exec P_RefreshPartyParentPaths",
+    "merge into ZanCounter c using (select 1 Lowest n on c.Name = :Name",
+    "select insert(UserName, 1, 2, 'a') from STUsers",
     "select substr(UserName, 1, 2) from STUsers",
   ],
   oracle: [

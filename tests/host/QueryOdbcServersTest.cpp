@@ -3,6 +3,8 @@
 
 #include <fstream>
 
+#include "host/platform/Numbering.h"
+#include "host/platform/Schema.h"
 #include "host/query/LineScript.h"
 #include "host/query/Odbc/Servers/Rules.h"
 #include "tests/host/OdbcFake.h"
@@ -44,6 +46,20 @@ class SqlServer : public testing::Test {
     query->ExecSQL();
   }
 
+  /// Where the first statement with this piece stands in what was sent.
+  std::size_t PlaceOf(std::string_view piece) {
+    const auto holds = [&](const std::string& sent) { return sent.find(piece) != std::string::npos; };
+    return static_cast<std::size_t>(std::ranges::find_if(FOdbc.Sent, holds) - FOdbc.Sent.begin());
+  }
+  /// The statement that brought the database into use in which this piece was run.
+  std::string DatabaseOfPiece(std::string_view piece) {
+    const std::size_t place = PlaceOf(piece);
+    if (place == FOdbc.Sent.size()) return "(not sent)";
+    for (std::size_t at = place; at-- > 0;)
+      if (FOdbc.Sent[at].starts_with("use ")) return FOdbc.Sent[at];
+    return "(none)";
+  }
+
   TFakeOdbc FOdbc{"Microsoft SQL Server"};
   std::unique_ptr<zanhost::TOdbcDatabase> FDatabase;
 };
@@ -61,6 +77,20 @@ class Oracle : public testing::Test {
     const auto query = FDatabase->GetQuery();
     query->SQL().SetText(text);
     query->ExecSQL();
+  }
+
+  /// Where the first statement with this piece stands in what was sent.
+  std::size_t PlaceOf(std::string_view piece) {
+    const auto holds = [&](const std::string& sent) { return sent.find(piece) != std::string::npos; };
+    return static_cast<std::size_t>(std::ranges::find_if(FOdbc.Sent, holds) - FOdbc.Sent.begin());
+  }
+  /// The statement that brought the database into use in which this piece was run.
+  std::string DatabaseOfPiece(std::string_view piece) {
+    const std::size_t place = PlaceOf(piece);
+    if (place == FOdbc.Sent.size()) return "(not sent)";
+    for (std::size_t at = place; at-- > 0;)
+      if (FOdbc.Sent[at].starts_with("alter session set current_schema")) return FOdbc.Sent[at];
+    return "(none)";
   }
 
   TFakeOdbc FOdbc{"Oracle"};
@@ -207,6 +237,66 @@ TEST_F(SqlServer, AScriptEndsItsPiecesAtGo) {
                           "select ' \ngo2'\n", "commit transaction"));
 }
 
+TEST_F(SqlServer, ANumberIsDrawnByOneStatement) {
+  FOdbc.Answer("merge into ZanCounter", {"LastValue"}, {"8"});
+  EXPECT_EQ(zanhost::NewDjLsh(*FDatabase, "PARTY"), 8);
+  ASSERT_EQ(FOdbc.Sent.size(), 1u);
+  EXPECT_EQ(FOdbc.Sent[0],
+            "merge into ZanCounter with (holdlock) c\n"
+            "using (select coalesce((select max(DjLsh) from PartyH), 0) + 1 Lowest) n\n"
+            "on (c.Name = ?)\n"
+            "when matched then update\n"
+            " set LastValue = case when c.LastValue >= n.Lowest then c.LastValue + 1 else n.Lowest end\n"
+            "when not matched then insert (Name, LastValue) values (?, n.Lowest)\n"
+            "output inserted.LastValue;");
+  EXPECT_THAT(FOdbc.Bound, ElementsAre("party", "party"));
+}
+
+TEST_F(SqlServer, ACounterWithoutATableBeginsAtOne) {
+  FOdbc.Answer("merge into ZanCounter", {"LastValue"}, {"1"});
+  EXPECT_EQ(zanhost::NewDjLsh(*FDatabase, "Other"), 1);
+  EXPECT_THAT(FOdbc.Sent[0], HasSubstr("coalesce((select 0), 0) + 1 Lowest"));
+}
+
+TEST_F(SqlServer, TheSchemaIsInstalledInBothDatabases) {
+  const std::string version = std::to_string(zanhost::kSchemaVersion);
+  FOdbc.Answer("from sys.tables", {"a"}, {});
+  FOdbc.Answer("db_name()", {"a"}, {"zan"});
+  FOdbc.Answer("db_name()", {"a"}, {"zan]sys"});
+  FOdbc.Answer("from sys.tables", {"a"}, {"1"});
+  FOdbc.Answer("max(Version)", {"a"}, {version});
+  EXPECT_EQ(zanhost::InstallSchema(*FDatabase), zanhost::kSchemaVersion);
+  EXPECT_THAT(DatabaseOfPiece("create table STUsers"), HasSubstr("use [zan];"));
+  EXPECT_THAT(DatabaseOfPiece("create table ZanCounter"), HasSubstr("use [zan];"));
+  EXPECT_THAT(DatabaseOfPiece("create table Tree"), HasSubstr("use [zan]]sys];"));
+  EXPECT_THAT(DatabaseOfPiece("IX_Tree_ParentID"), HasSubstr("use [zan]]sys];"));
+  EXPECT_THAT(DatabaseOfPiece("alter procedure P_RefreshPartyParentPath"), HasSubstr("use [zan];"));
+  EXPECT_THAT(DatabaseOfPiece("select " + version + ", getdate()"), HasSubstr("use [zan];"));
+  EXPECT_LT(PlaceOf("begin transaction"), PlaceOf("sp_getapplock"));
+  EXPECT_LT(PlaceOf("sp_getapplock"), PlaceOf("create table STUsers"));
+  EXPECT_LT(PlaceOf("select " + version + ", getdate()"), PlaceOf("commit transaction"));
+}
+
+TEST_F(SqlServer, AnInstalledSchemaHasItsRoutinesMadeAnew) {
+  const std::string version = std::to_string(zanhost::kSchemaVersion);
+  for (int i = 0; i < 2; ++i) {
+    FOdbc.Answer("from sys.tables", {"a"}, {"1"});
+    FOdbc.Answer("max(Version)", {"a"}, {version});
+    FOdbc.Answer("db_name()", {"a"}, {"zan"});
+  }
+  zanhost::InstallSchema(*FDatabase);
+  EXPECT_THAT(FOdbc.Sent, Contains(HasSubstr("alter procedure P_RefreshPartyParentPath")));
+  EXPECT_THAT(FOdbc.Sent, Not(Contains(HasSubstr("create table"))));
+}
+
+TEST_F(SqlServer, AFailedInstallationIsTakenBack) {
+  FOdbc.Answer("from sys.tables", {"a"}, {});
+  for (int i = 0; i < 2; ++i) FOdbc.Answer("db_name()", {"a"}, {"zan"});
+  FOdbc.Fail("create table Tree", {"42000", 262, "CREATE TABLE permission denied", false});
+  EXPECT_THAT(FaultOf([&] { zanhost::InstallSchema(*FDatabase); }), HasSubstr("permission denied"));
+  EXPECT_EQ(FOdbc.Sent.back(), "if @@trancount > 0 rollback transaction");
+}
+
 TEST(SqlServerChecks, SayWhatIsWrongAndHowToSetIt) {
   const auto faultOf = [](std::vector<std::string> columns, std::vector<std::string> cells) {
     TFakeOdbc odbc("Microsoft SQL Server");
@@ -245,6 +335,43 @@ TEST_F(Oracle, QueriesOnTheSystemSchemaBringItIntoUse) {
 TEST_F(Oracle, AScriptEndsItsPiecesAtASlash) {
   FDatabase->ExecScript("begin ZanMake('create table A (X number(10))'); end;\n/\n-- nothing\n/\n");
   EXPECT_THAT(FOdbc.Sent, ElementsAre("[begin]", HasSubstr("end;"), "[keep]"));
+}
+
+TEST_F(Oracle, ANumberIsDrawnByAFunctionOfTheSchema) {
+  FOdbc.Answer("ZanNextNumber", {"LASTVALUE"}, {"8"});
+  EXPECT_EQ(zanhost::NewDjLsh(*FDatabase, "User"), 8);
+  FOdbc.Answer("ZanNextNumber", {"LASTVALUE"}, {"1"});
+  EXPECT_EQ(zanhost::NewDjLsh(*FDatabase, "Other"), 1);
+  EXPECT_THAT(
+      FOdbc.Sent,
+      ElementsAre(
+          "select ZanNextNumber(?, coalesce((select max(DjLsh) from UserH), 0) + 1) LastValue from dual",
+          "select ZanNextNumber(?, coalesce((select 0 from dual), 0) + 1) LastValue from dual"));
+  EXPECT_THAT(FOdbc.Bound, ElementsAre("other"));
+}
+
+TEST_F(Oracle, TheSchemaIsInstalledInBothSchemas) {
+  const std::string version = std::to_string(zanhost::kSchemaVersion);
+  const std::string data = "alter session set current_schema = \"ZAN\"\n";
+  const std::string system = "alter session set current_schema = \"ZANSYS\"\n";
+  FOdbc.Answer("from all_tables", {"a"}, {});
+  FOdbc.Answer("'CURRENT_SCHEMA') from dual", {"a"}, {"ZAN"});
+  FOdbc.Answer("'CURRENT_SCHEMA') from dual", {"a"}, {"ZANSYS"});
+  FOdbc.Answer("from all_tables", {"a"}, {"1"});
+  FOdbc.Answer("max(Version)", {"a"}, {version});
+  EXPECT_EQ(zanhost::InstallSchema(*FDatabase), zanhost::kSchemaVersion);
+  EXPECT_EQ(DatabaseOfPiece("create table STUsers"), data);
+  EXPECT_EQ(DatabaseOfPiece("create table Tree"), system);
+  EXPECT_EQ(DatabaseOfPiece("IX_Tree_ParentID"), system);
+  EXPECT_EQ(DatabaseOfPiece("function ZanNextNumber"), data);
+  EXPECT_EQ(DatabaseOfPiece("function left"), data);
+  EXPECT_EQ(DatabaseOfPiece("select " + version + ", sysdate"), data);
+  EXPECT_EQ(
+      std::ranges::count_if(
+          FOdbc.Sent, [](const std::string& sent) { return sent.find("procedure ZanMake") != sent.npos; }),
+      2);
+  EXPECT_THAT(FOdbc.Sent[PlaceOf("lock table ZanSchemaVersion")], Not(HasSubstr(";")));
+  EXPECT_LT(PlaceOf("select " + version + ", sysdate"), PlaceOf("[keep]"));
 }
 
 TEST(OdbcRules, MakeTheTextsFitSqlServer) {

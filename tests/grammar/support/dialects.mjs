@@ -21,7 +21,7 @@ export const dialects = {
   oracle: {
     grammar: "oracle",
     quotedInAnyCase: false,
-    functions: words(`${everywhere} nvl substr to_char to_date instr length decode`),
+    functions: words(`${everywhere} nvl substr greatest to_char to_date instr length decode`),
     forbiddenWords: words(
       "limit top dbo recursive exec bit nvarchar datetime begintransaction go isnull ifnull now substring"),
     forbiddenSigns: words("[ `"),
@@ -34,4 +34,4 @@ export const dialects = {
 export const notFunctions = words(
   `in values and or not on as exists select distinct where from join by over when then else case having union all any
    char varchar nvarchar varchar2 nvarchar2 number int decimal numeric datetime date key exec option maxrecursion if
-   using set like between into update matched`);
+   using set like between into update matched with`);

@@ -64,6 +64,8 @@ function refuseUnknownFunctions(tokens, dialect, schema) {
     const name = seen[at].text.toLowerCase();
     if (seen[at].kind !== "word" || !isSign(seen[at + 1], "(")) continue;
     if (isWord(seen[at - 1], "into") || isWord(seen[at - 1], "on") || isSign(seen[at - 1], ".")) continue;
+    // The row that a merge makes.
+    if (name === "insert" && isWord(seen[at - 1], "then")) continue;
     const known = dialect.functions.has(name) || notFunctions.has(name) || expressions.has(name);
     if (!known && !schema.routines.has(name) && !schema.tables.has(name)) refuse(`the function ${seen[at].text}`);
   }

@@ -27,8 +27,9 @@ function bodyOf(text) {
   return body
     .split(/;\s*\n/)
     .map((piece) => piece.trim().replace(/^exception\s+when \w+ then\s+/, ""))
-    .filter((piece) => !/^(|null|set nocount on|execute immediate \w+)$/.test(piece))
-    .map((piece) => piece.replace(/^return (.*?);?$/, "select $1 from dual").replace(/\bp_\w+/g, "null"));
+    .filter((piece) => !/^(|null|set nocount on|execute immediate \w+|lock table \w+ in exclusive mode|commit)$/.test(piece))
+    .map((piece) => piece.replace(/^return (.*?);?$/, "select $1 from dual"))
+    .map((piece) => piece.replace(/ into v_\w+/, "").replace(/\b[pv]_\w+/g, "null"));
 }
 
 function statementsOfBlock({ from, text }) {
