@@ -1,8 +1,6 @@
 #include "host/query/MariaDb/MariaDbDatabase.h"
 #include "host/query/MariaDb/Rules.h"
 #include "host/query/MariaDb/Values.h"
-#include "host/query/Redaction.h"
-#include "host/query/Trace.h"
 
 namespace zanhost {
 
@@ -10,31 +8,22 @@ using zanrole::TZanValue;
 
 namespace {
 
-constexpr char kHiddenMessage[] = "The server refused a statement about passwords: ";
-
 std::string AdaptedText(const TStatementShape& shape, std::span<const TAdaptationRule> rules) {
   TTokens tokens = Tokenize(shape.Text);
   Adapt(tokens, rules);
   return TokensToText(tokens);
 }
 
-std::string ShownMessage(const TMariaDbFault& fault, std::string_view text) {
-  return fault.QuotesValues && TouchesPasswords(text) ? kHiddenMessage + fault.Kind : fault.Message;
-}
-
 }  // namespace
 
 void TMariaDbDatabase::Run(zanrole::TZANQuery& query, bool onSystem, zanrole::TDataSet* result) {
   TRun run{query, onSystem, query.SQL().Text(), result, FConnection->RoundTrips()};
-  const auto start = std::chrono::steady_clock::now();
   try {
     Execute(run);
   } catch (const TMariaDbFault& fault) {
-    TraceRun(run, start, &fault);
-    query.Close();
-    throw zanrole::EDatabaseError(ShownMessage(fault, run.Text), RedactStatement(run.Text));
+    FailRun(run, FTrace, FConnection->RoundTrips(), {fault.Message, fault.Kind, fault.QuotesValues});
   }
-  TraceRun(run, start, nullptr);
+  EndRun(run, FTrace, FConnection->RoundTrips());
 }
 
 const std::string& TMariaDbDatabase::DatabaseOf(const TRun& run) const {
@@ -155,27 +144,7 @@ void TMariaDbDatabase::ReadPreparedResult(TRun& run, MYSQL_STMT* statement) {
 }
 
 void TMariaDbDatabase::NoteSent(TRun& run, const std::string& text) const {
-  if (FTrace != nullptr) run.Sent += (run.Sent.empty() ? "" : ";\n") + text;
-}
-
-void TMariaDbDatabase::TraceRun(const TRun& run, std::chrono::steady_clock::time_point start,
-                                const TMariaDbFault* fault) {
-  if (FTrace == nullptr) return;
-  const auto time = std::chrono::steady_clock::now() - start;
-  TTraceEntry entry;
-  entry.Database = run.OnSystem ? "system" : "data";
-  entry.Text = run.Text;
-  if (run.Sent != run.Text) entry.Sent = run.Sent;
-  entry.Params = &run.Query.Params();
-  entry.Rows = run.HasResult ? run.Result->RowCount() : run.Changed;
-  entry.RoundTrips = FConnection->RoundTrips() - run.RoundTripsBefore;
-  entry.Time = std::chrono::duration_cast<std::chrono::microseconds>(time);
-  if (fault != nullptr) {
-    entry.Error = fault->Message;
-    entry.ErrorKind = fault->Kind;
-    entry.Rows = 0;
-  }
-  FTrace->Write(entry);
+  if (FTrace != nullptr) zanhost::NoteSent(run, text);
 }
 
 }  // namespace zanhost

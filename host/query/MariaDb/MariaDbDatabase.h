@@ -1,7 +1,6 @@
 #pragma once
 
 #include <array>
-#include <chrono>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -11,6 +10,7 @@
 #include "host/query/MariaDb/Connection.h"
 #include "host/query/MariaDb/Flavour.h"
 #include "host/query/MariaDb/Prepared.h"
+#include "host/query/ServerRun.h"
 #include "host/query/StatementCache.h"
 #include "host/query/StatementReader.h"
 
@@ -45,20 +45,7 @@ class TMariaDbDatabase final : public TDatabase {
  private:
   friend class TMariaDbQuery;
 
-  /// One call of a query on its way through the engine.
-  struct TRun {
-    zanrole::TZANQuery& Query;
-    bool OnSystem;
-    std::string Text;
-    /// Where the first result goes; null when none is wanted.
-    zanrole::TDataSet* Result;
-    std::int64_t RoundTripsBefore;
-    bool HasResult = false;
-    /// Rows that were changed.
-    std::int64_t Changed = 0;
-    /// What was sent; gathered only while a trace is on.
-    std::string Sent;
-  };
+  using TRun = TServerRun;
 
   /// Runs what the query holds. Raises EDatabaseError.
   void Run(zanrole::TZANQuery& query, bool onSystem, zanrole::TDataSet* result);
@@ -95,7 +82,6 @@ class TMariaDbDatabase final : public TDatabase {
   void ReadTextResult(TRun& run);
   void ReadPreparedResult(TRun& run, MYSQL_STMT* statement);
   void NoteSent(TRun& run, const std::string& text) const;
-  void TraceRun(const TRun& run, std::chrono::steady_clock::time_point start, const TMariaDbFault* fault);
 
   const TMariaDbFlavour& FFlavour;
   // Prepared statements go before the connection that they belong to.

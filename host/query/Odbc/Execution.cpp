@@ -1,7 +1,5 @@
 #include "host/query/Odbc/OdbcDatabase.h"
 #include "host/query/Parameters.h"
-#include "host/query/Redaction.h"
-#include "host/query/Trace.h"
 
 namespace zanhost {
 
@@ -13,17 +11,11 @@ namespace {
 /// Longer texts are lists of values that rarely come again.
 constexpr std::size_t kGreatestCachedText = 16'384;
 
-constexpr char kHiddenMessage[] = "The server refused a statement about passwords: ";
-
 /// The statements between begin and end.
 std::string BlockOf(const TStatementTexts& texts) {
   std::string block = "begin\n";
   for (const TTokens& statement : texts.Statements) block += TokensToText(statement) + ";\n";
   return block + "end";
-}
-
-std::string ShownMessage(const TOdbcFault& fault, std::string_view text) {
-  return fault.QuotesValues && TouchesPasswords(text) ? kHiddenMessage + fault.Kind : fault.Message;
 }
 
 /// Frees the connection for other statements when a prepared one has run.
@@ -42,15 +34,12 @@ class TClosing {
 
 void TOdbcDatabase::Run(TZANQuery& query, bool onSystem, zanrole::TDataSet* result) {
   TRun run{query, onSystem, query.SQL().Text(), result, FConnection->RoundTrips()};
-  const auto start = std::chrono::steady_clock::now();
   try {
     FConnection->Telling([&] { Execute(run); });
   } catch (const TOdbcFault& fault) {
-    TraceRun(run, start, &fault);
-    query.Close();
-    throw zanrole::EDatabaseError(ShownMessage(fault, run.Text), RedactStatement(run.Text));
+    FailRun(run, FTrace, FConnection->RoundTrips(), {fault.Message, fault.Kind, fault.QuotesValues});
   }
-  TraceRun(run, start, nullptr);
+  EndRun(run, FTrace, FConnection->RoundTrips());
 }
 
 void TOdbcDatabase::UseDatabase(const std::string& database) {
@@ -138,27 +127,7 @@ void TOdbcDatabase::ReadAnswers(TRun& run, TOdbcStatement& statement, bool mayBe
 }
 
 void TOdbcDatabase::NoteSent(TRun& run, const std::string& text) const {
-  if (FTrace != nullptr) run.Sent += (run.Sent.empty() ? "" : ";\n") + text;
-}
-
-void TOdbcDatabase::TraceRun(const TRun& run, std::chrono::steady_clock::time_point start,
-                             const TOdbcFault* fault) {
-  if (FTrace == nullptr) return;
-  const auto time = std::chrono::steady_clock::now() - start;
-  TTraceEntry entry;
-  entry.Database = run.OnSystem ? "system" : "data";
-  entry.Text = run.Text;
-  if (run.Sent != run.Text) entry.Sent = run.Sent;
-  entry.Params = &run.Query.Params();
-  entry.Rows = run.HasResult ? run.Result->RowCount() : run.Changed;
-  entry.RoundTrips = FConnection->RoundTrips() - run.RoundTripsBefore;
-  entry.Time = std::chrono::duration_cast<std::chrono::microseconds>(time);
-  if (fault != nullptr) {
-    entry.Error = fault->Message;
-    entry.ErrorKind = fault->Kind;
-    entry.Rows = 0;
-  }
-  FTrace->Write(entry);
+  if (FTrace != nullptr) zanhost::NoteSent(run, text);
 }
 
 }  // namespace zanhost

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <chrono>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -10,6 +9,7 @@
 #include "host/query/Database.h"
 #include "host/query/Odbc/Connection.h"
 #include "host/query/RecentlyUsed.h"
+#include "host/query/ServerRun.h"
 
 namespace zanhost {
 
@@ -50,20 +50,7 @@ class TOdbcDatabase final : public TDatabase {
     bool MayHaveSeveralAnswers = false;
   };
 
-  /// One call of a query on its way through the engine.
-  struct TRun {
-    zanrole::TZANQuery& Query;
-    bool OnSystem;
-    std::string Text;
-    /// Where the first result goes; null when none is wanted.
-    zanrole::TDataSet* Result;
-    std::int64_t RoundTripsBefore;
-    bool HasResult = false;
-    /// Rows that were changed.
-    std::int64_t Changed = 0;
-    /// What was sent; gathered only while a trace is on.
-    std::string Sent;
-  };
+  using TRun = TServerRun;
 
   /// Runs what the query holds. Raises EDatabaseError.
   void Run(zanrole::TZANQuery& query, bool onSystem, zanrole::TDataSet* result);
@@ -76,7 +63,6 @@ class TOdbcDatabase final : public TDatabase {
   void ExecutePrepared(TRun& run, TPrepared& prepared);
   void ReadAnswers(TRun& run, TOdbcStatement& statement, bool mayBeSeveral);
   void NoteSent(TRun& run, const std::string& text) const;
-  void TraceRun(const TRun& run, std::chrono::steady_clock::time_point start, const TOdbcFault* fault);
 
   // Prepared statements go before the connection that they belong to.
   std::unique_ptr<TOdbcConnection> FConnection;
