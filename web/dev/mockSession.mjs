@@ -47,6 +47,8 @@ export class MockSession {
     this.ack = 0
     this.sent = new Map()
     this.events = []
+    /** Ends what is being worked on; one for each event. */
+    this.working = new Set()
   }
 
   open(className, caption, options) {
@@ -142,8 +144,23 @@ export class MockSession {
     if (event.do === 'language') this.onLanguage?.(event.value)
     else if (event.do === 'snapshot') return this.attach()
     else if (window && (!this.top || this.top === window)) this.dispatch(window, part, event)
-    await new Promise(resolve => setTimeout(resolve, this.delay ?? 0))
+    if (event.do === 'cancel') this.stopWorking()
+    await this.work()
     this.flush()
+  }
+
+  /** What the event makes the session do takes this long, unless it is cancelled. */
+  work() {
+    return new Promise(resolve => {
+      const timer = setTimeout(resolve, this.delay ?? 0)
+      this.working.add(() => { clearTimeout(timer); resolve() })
+    })
+  }
+
+  stopWorking() {
+    this.delay = 0
+    for (const stop of this.working) stop()
+    this.working.clear()
   }
 
   dispatch(window, part, event) {

@@ -1,6 +1,15 @@
 import { expect, logIn, openDomains, openKinds, row, test } from '../support/mock'
 import { expectAccessible } from '../support/axe'
 
+/** Presses Tab until the element has the focus, as often as a person may be willing to. */
+async function tabTo(page: import('@playwright/test').Page, wanted: import('@playwright/test').Locator) {
+  for (let pressed = 0; pressed < 40; pressed++) {
+    if (await wanted.evaluate(element => element === document.activeElement)) return
+    await page.keyboard.press('Tab')
+  }
+  await expect(wanted).toBeFocused()
+}
+
 async function openDialog(page: import('@playwright/test').Page) {
   await row(page, '华东总部 (01)').click()
   await page.keyboard.press('F2')
@@ -64,6 +73,26 @@ test('work that takes long is shown', async ({ page, address }) => {
   await expect(page.getByRole('progressbar', { name: '正在处理…' })).toBeVisible()
   await expect(page.getByRole('progressbar', { name: '正在处理…' })).toBeHidden()
 })
+
+for (const [language, working, button] of [['zh', '仍在处理，请稍候…', '取消'], ['en', 'Still working…', 'Cancel']] as const)
+  test(`work that takes long can be cancelled by keyboard (${language})`, async ({ page, address, request }) => {
+    await logIn(page, address)
+    await openKinds(page)
+    if (language === 'en') await page.getByRole('button', { name: 'English' }).click()
+    await expect(page.locator('html')).toHaveAttribute('lang', language === 'en' ? 'en' : /^zh/)
+    await request.post(`${address}/mock/delay?ms=60000`)
+    await page.getByRole('row', { name: language === 'en' ? 'Domain management' : '域管理' }).click()
+    const status = page.getByRole('status').filter({ hasText: working })
+    await expect(status).toBeVisible()
+    await expectAccessible(page)
+    const cancel = status.getByRole('button', { name: button })
+    await tabTo(page, cancel)
+    await page.keyboard.press('Enter')
+    await expect(status).toBeHidden()
+    const events = await (await request.get(`${address}/mock/events`)).json() as { do: string }[]
+    expect(events.filter(event => event.do === 'cancel')).toHaveLength(1)
+    await expect(page.getByRole('progressbar')).toBeHidden()
+  })
 
 test('the language changes for client and session at once', async ({ page, address }) => {
   await logIn(page, address)
