@@ -1,7 +1,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "host/query/DataUrl.h"
 #include "tests/cli/Program.h"
+#include "tests/host/Rows.h"
 
 using testing::HasSubstr;
 using zantest::TRan;
@@ -16,6 +18,13 @@ class AskCommand : public testing::Test {
   static TRan Ask(std::vector<std::string> words, const std::string& user = "admin") {
     words.insert(words.begin(), {"ask", "--user", user});
     return FSample->Run(words);
+  }
+
+  /// The login of somebody who is no administrator.
+  static std::string FirstOrdinaryLogin() {
+    const auto database = zanhost::OpenDatabase(FSample->Url(), zanhost::TOpenMode::MustExist);
+    return zantest::Text(*database,
+                         "select UserID from STUsers where uGroup = 0 and IsAdministrator = 0 order by OID");
   }
 
   static std::unique_ptr<zantest::TSampleInstallation> FSample;
@@ -45,6 +54,36 @@ TEST_F(AskCommand, SeveralOperationsShareASession) {
   const TRan ran = Ask({"TDomainFuncImpl.SetCurrentDomainID", "2", "+", "TDomainFuncImpl.GetCurDomainID"});
   EXPECT_EQ(ran.Status, 0) << ran.Err;
   EXPECT_EQ(ran.Out, "{\"answer\":2}\n");
+}
+
+TEST_F(AskCommand, TheHolderOfRightsStaysWhoHeWasMade) {
+  // Every right is the super user's, so an ordinary login asks about another holder.
+  const std::string holder = "4711";
+  const std::vector<std::string> save{
+      "TTolPermission.SetUserID", holder, "+", "TTolPermission.saveObjPer", "100", "执行", "1"};
+  ASSERT_EQ(Ask(save).Status, 0);
+  const std::string user = FirstOrdinaryLogin();
+  EXPECT_EQ(
+      Ask({"TTolPermission.SetUserID", holder, "+", "TTolPermission.GetPermission", "100", "执行"}, user).Out,
+      "{\"answer\":\"允许\"}\n");
+  EXPECT_EQ(
+      Ask({"TTolPermission.SetUserID", "4712", "+", "TTolPermission.GetPermission", "100", "执行"}, user).Out,
+      "{\"answer\":\"\"}\n");
+}
+
+TEST_F(AskCommand, RecordsOfTheRegistryAreTexts) {
+  EXPECT_EQ(Ask({"TTolPermission.FindType", "-99"}).Out, "{\"answer\":[]}\n");
+  EXPECT_EQ(Ask({"TTolPermission.GetOpratesByTypeName", "菜单"}).Out, "{\"answer\":[\"执行\"]}\n");
+  EXPECT_EQ(Ask({"TTolPermission.GetTypeIDByName", "no such type"}).Out, "{\"answer\":-1}\n");
+  EXPECT_EQ(Ask({"TTolPermission.GetGroupIDs", "-1"}).Status, 1);
+}
+
+TEST_F(AskCommand, RowsOfTheOrganisationAreTexts) {
+  EXPECT_EQ(Ask({"TPartyDAL.LoadUsers", "UserID = 'nobody at all'", "+", "TPartyDAL.UserDataSet"}).Out,
+            "{\"answer\":[]}\n");
+  const TRan users = Ask({"TPartyDAL.LoadUsers", "", "+", "TPartyDAL.UserDataSet"});
+  EXPECT_THAT(users.Out, HasSubstr("\\t" + FirstOrdinaryLogin() + "\\t"));
+  EXPECT_THAT(Ask({"TPartyDAL.LoadPartyTopLevel"}).Out, testing::MatchesRegex(".*\\[\".+\"\\].*\n"));
 }
 
 TEST_F(AskCommand, EmptyArgumentIsAnArgument) {
