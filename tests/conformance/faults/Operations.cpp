@@ -2,6 +2,7 @@
 
 #include "Domain/U_DomainFuncsImp.h"
 #include "Frame/Package.h"
+#include "Role/RoleDataProvider.h"
 #include "Role/RunPermission.h"
 #include "Role/TolPermission.h"
 #include "host/platform/Accounts.h"
@@ -29,7 +30,13 @@ const json::object& FunctionInputs() {
                                     {"域ID", "2"},
                                     {"域代码", "02"},
                                     {"域节点代码", "\\1\\2\\"},
-                                    {"域名称", "华东"}};
+                                    {"域名称", "华东"},
+                                    {"当前用户", "plain"},
+                                    {"用户号", "plain"},
+                                    {"用户号集", "plain,operator"},
+                                    {"岗位号", "G1"},
+                                    {"岗位关系图", ""},
+                                    {"ParentCode", "D1"}};
   return kInputs;
 }
 
@@ -93,6 +100,37 @@ void AddRegistry(TOperations& operations) {
             [](TFaultWorld&) { return std::to_string(TTolPermission::GetInstance().GetGroupCount()); });
   AddDirect(operations, "TRunPermission.GetObjOperates", [](TFaultWorld&) {
     return TRunPermission::GetInstance().GetObjOperates("单据", "采购单").Text();
+  });
+}
+
+void AddUsersAndRoles(TOperations& operations) {
+  AddDirect(operations, "TRoleDataProvider.SaveUserInfo of a new user", [](TFaultWorld&) {
+    TUserInfo role;
+    role.oID = 4;
+    TUserInfo user;
+    user.ID = "new";
+    user.FParentList.Add(&role);
+    TRoleDataProvider().SaveUserInfo(user, true, true);
+    return std::to_string(user.oID);
+  });
+  // The row may stand already, and its number serves once.
+  operations.back().GoOn = [](TFaultWorld&) { EXPECT_GT(TRoleDataProvider().GetOID(), 12); };
+  AddDirect(operations, "TRoleDataProvider.SaveUserInfo of a stored user", [](TFaultWorld&) {
+    TUserInfo user;
+    user.newUser = false;
+    user.oID = 12;
+    user.ID = "operator";
+    user.Name = "it's";
+    TRoleDataProvider().SaveUserInfo(user, true, true);
+    return user.Name;
+  });
+  AddDirect(operations, "TTolPermission.saveObjPer and DeleteObjPer", [](TFaultWorld&) {
+    TTolPermission permission;
+    permission.SetUserID(12);
+    permission.saveObjPer({100, "执行", 1});
+    permission.saveObjPer({100, "打印", 1});
+    permission.DeleteObjPer({100, "执行", 1});
+    return permission.GetPermission(100, "打印");
   });
 }
 
@@ -231,6 +269,14 @@ void MakeFaultTables(zanhost::TDatabase& database) {
       "insert into STPermission(UserID, ObjectID, Oprate, Permission) values(12, 100, '打印', 0)",
       "insert into PartyH(DjLsh, Name) values(41, '东方公司')",
       "insert into UserH(DjLsh) values(7)",
+      "insert into PartyH(DjLsh, Parent, Type, Name, Code) values(50, -1, 'Company', '公司', 'C1')",
+      "insert into PartyH(DjLsh, Parent, Type, Name, Code) values(51, 50, 'Department', '部门', 'D1')",
+      "insert into PartyH(DjLsh, Parent, Type, Name, Code) values(52, 51, 'PositionEntity', '岗位', 'G1')",
+      "insert into PartyH(DjLsh, Parent, Type, Name, Code) values(53, 52, 'User', '普通', 'plain')",
+      "insert into PositionH(DjLsh, Code, Name) values(54, 'K1', '职务')",
+      "insert into PositionEntityH(DjLsh, ObjID, Code, Name, PositionCode, UpperPosition, isManager)"
+      " values(55, 52, 'G1', '岗位', 'K1', -9, 1)",
+      "insert into UserH(DjLsh, ObjID, Code, Name) values(56, 53, 'plain', '普通')",
       "insert into STDomains(ID, Code, Name, ParentID, NodeLevel, Sequence, FullName, FullCode, ParentCode, ParentName,"
       " UserLimit, RelateOrg) values(1, '01', '集团', -1, 0, 1, '\\集团', '\\1\\', '\\', '\\', 5, 0)",
       "insert into STDomains(ID, Code, Name, ParentID, NodeLevel, Sequence, FullName, FullCode, ParentCode, ParentName,"
@@ -255,6 +301,7 @@ std::vector<TFaultOperation> FaultOperations() {
   AddSystemFunctions(operations);
   AddEntries(operations);
   AddRegistry(operations);
+  AddUsersAndRoles(operations);
   AddAccounts(operations);
   AddDomainsConsole(operations);
   return operations;

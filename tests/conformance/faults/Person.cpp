@@ -88,7 +88,7 @@ std::string TPerson::Call(std::string_view function, const json::object& inputs)
     FFaults.emplace_back(error->as_string());
     throw TSawFault{};
   }
-  return std::string(answer.at("out").at("Result").as_string());
+  return json::serialize(answer.at("out"));
 }
 
 /// Notes which actions there are, and takes the boxes away that tell of faults.
