@@ -1,5 +1,6 @@
 #include "host/platform/Log.h"
 
+#include <fmt/format.h>
 #include <spdlog/sinks/basic_file_sink.h>
 #include <spdlog/spdlog.h>
 
@@ -45,6 +46,10 @@ TLog::TLog(const std::filesystem::path& folder) {
   }
   FLogger->set_pattern("%Y-%m-%dT%H:%M:%S.%e%z %v");
   FLogger->flush_on(spdlog::level::info);
+  // What the log is about goes on without it.
+  FLogger->set_error_handler([](const std::string& reason) {
+    fmt::print(stderr, "zanhost: A line of the log could not be written: {}\n", reason);
+  });
 }
 
 TLog::~TLog() = default;
