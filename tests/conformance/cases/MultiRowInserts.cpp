@@ -16,6 +16,7 @@ std::string InsertOfRows(int count) {
 }  // namespace
 
 TEST_P(Conformance, MultiRowInserts_OfOneToTenThousandRows) {
+  if (const std::string whyNot = Engine().WhyNoUnions(); !whyNot.empty()) GTEST_SKIP() << whyNot;
   Engine().InstallSchema();
   for (const int count : {1, 2, 249, 250, 251, 499, 500, 501, 502, 750, 1000, 10000}) {
     zanrole::TStringList statements;
@@ -30,6 +31,7 @@ TEST_P(Conformance, MultiRowInserts_OfOneToTenThousandRows) {
 }
 
 TEST_P(Conformance, MultiRowInserts_KeepTheNamesOfTheFirstRow) {
+  if (const std::string whyNot = Engine().WhyNoUnions(); !whyNot.empty()) GTEST_SKIP() << whyNot;
   MakeCasesTable();
   Exec("insert into Cases(ID, Name) values(600, 'x')");
   std::string lines;

@@ -15,6 +15,19 @@ class TMariaDbOracleEngine final : public TMariaDbEngine {
   std::string BooleanType() const override { return "number(1)"; }
   std::string DateTimeType() const override { return "date"; }
   bool EmptyTextIsNull() const override { return true; }
+
+  /// In this mode 10.11.18 takes the selects of a union for selects within each other; 10.11.19 does not.
+  std::string WhyNoUnions() override {
+    const auto session = OpenSession();
+    const auto query = session->GetQuery();
+    query->SQL().SetText("select 1, 1 from dual union all select 1, 2 from dual");
+    try {
+      query->Open();
+      return {};
+    } catch (const zanrole::EDatabaseError& fault) {
+      return "this server, in Oracle mode, nests the selects of a union: " + fault.Message();
+    }
+  }
 };
 
 }  // namespace

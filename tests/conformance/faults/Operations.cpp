@@ -283,11 +283,18 @@ void MakeFaultTables(zanhost::TDatabase& database) {
       " UserLimit, RelateOrg) values(2, '02', '华东', 1, 1, 1, '\\集团\\华东', '\\1\\2\\', '\\1\\', '\\集团\\', 0, 41)",
       "insert into STDomains(ID, Code, Name, ParentID, NodeLevel, Sequence, FullName, FullCode, ParentCode, ParentName,"
       " UserLimit, RelateOrg) values(3, '03', '华南', 1, 1, 2, '\\集团\\华南', '\\1\\3\\', '\\1\\', '\\集团\\', 0, 0)",
-      "insert into STDomainInherits(AncestorID, DescendantID) select 1, 1 union all select 1, 2 union all select 1, 3"
-      " union all select 2, 2 union all select 3, 3",
-      "insert into STDomainMembers(DomainID, UserOID, MemberType, IsOwned) select 1, 1, 3, 1 union all select 3, 1, 3, 1"
-      " union all select 2, 3, 2, 1 union all select 2, 3, 2, 0 union all select 2, 4, 1, 1 union all select 1, 1, 0, 1"
-      " union all select 1, 1, 0, 0"})
+      "insert into STDomainInherits(AncestorID, DescendantID) values(1, 1)",
+      "insert into STDomainInherits(AncestorID, DescendantID) values(1, 2)",
+      "insert into STDomainInherits(AncestorID, DescendantID) values(1, 3)",
+      "insert into STDomainInherits(AncestorID, DescendantID) values(2, 2)",
+      "insert into STDomainInherits(AncestorID, DescendantID) values(3, 3)",
+      "insert into STDomainMembers(DomainID, UserOID, MemberType, IsOwned) values(1, 1, 3, 1)",
+      "insert into STDomainMembers(DomainID, UserOID, MemberType, IsOwned) values(3, 1, 3, 1)",
+      "insert into STDomainMembers(DomainID, UserOID, MemberType, IsOwned) values(2, 3, 2, 1)",
+      "insert into STDomainMembers(DomainID, UserOID, MemberType, IsOwned) values(2, 3, 2, 0)",
+      "insert into STDomainMembers(DomainID, UserOID, MemberType, IsOwned) values(2, 4, 1, 1)",
+      "insert into STDomainMembers(DomainID, UserOID, MemberType, IsOwned) values(1, 1, 0, 1)",
+      "insert into STDomainMembers(DomainID, UserOID, MemberType, IsOwned) values(1, 1, 0, 0)"})
     ExecStatement(*data, statement);
   for (const char* const statement : {
       "insert into ObjectRegister(ObjectID, TypeID, Object, OwnerID) values(100, 1, '采购单', 0)",
