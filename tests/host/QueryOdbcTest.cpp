@@ -86,6 +86,12 @@ TEST_F(Odbc, RecognisesMariaDbAndSaysWhatIsWrongAtTheStart) {
       HasSubstr("There is no database 'nowhere'"));
 }
 
+TEST_F(Odbc, AZeroCharacterDoesNotCutAStatementShort) {
+  using namespace std::string_literals;
+  EXPECT_THAT(FaultOf([&] { Execute(Database(), "select 1 where 'a' = 'a\0'"s); }),
+              HasSubstr("zero character"));
+}
+
 TEST_F(Odbc, AServerThatIsNotThereAndAWrongPasswordAreTold) {
   const auto fault = [](const std::string& url) {
     return FaultOf([&] { zanhost::OpenDatabase(url, TOpenMode::MustExist); });

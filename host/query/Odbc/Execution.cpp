@@ -48,6 +48,9 @@ void TOdbcDatabase::UseDatabase(const std::string& database) {
 }
 
 void TOdbcDatabase::Execute(TRun& run) {
+  if (run.Text.find('\0') != std::string::npos)
+    throw TOdbcFault{"The statement holds a zero character, which the driver takes for its end.",
+                     "zero character"};
   const std::string& database = run.OnSystem ? FConnection->System() : FConnection->Data();
   UseDatabase(database);
   const TOdbcRun interruptible(*FConnection);
