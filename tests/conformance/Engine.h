@@ -43,8 +43,8 @@ class TEngine {
 
   // Quirks, with the common answer.
 
-  /// Why a union of selects whose columns have no names of their own, or of many selects, cannot be run; empty
-  /// when it can.
+  /// Why a union of selects whose columns have no names of their own, or of many selects, cannot be run;
+  /// empty when it can.
   virtual std::string WhyNoUnions() { return {}; }
   /// An empty text is stored as null (Oracle).
   virtual bool EmptyTextIsNull() const { return false; }
