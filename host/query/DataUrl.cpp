@@ -12,6 +12,13 @@ namespace {
 
 constexpr std::string_view kSqliteScheme = "sqlite:";
 
+/// REQUIRES: the URL is of that scheme.
+std::string FolderOfSqlite(const std::string& url) {
+  std::string folder = url.substr(kSqliteScheme.size());
+  if (folder.empty()) throw zanrole::EDatabaseError("The data URL names no folder: write sqlite:FOLDER.", {});
+  return folder;
+}
+
 [[noreturn]] void RaiseUnknown(const std::string& url) {
   throw zanrole::EDatabaseError(
       fmt::format(
@@ -40,19 +47,14 @@ std::unique_ptr<TDatabase> OpenOnServer(const TUrl& url, TOpenMode mode) {
 }  // namespace
 
 std::unique_ptr<TDatabase> OpenDatabase(const std::string& url, TOpenMode mode) {
-  if (url.starts_with(kSqliteScheme)) {
-    const std::string folder = url.substr(kSqliteScheme.size());
-    if (folder.empty())
-      throw zanrole::EDatabaseError("The data URL names no folder: write sqlite:FOLDER.", {});
-    return std::make_unique<TSqliteDatabase>(folder, mode);
-  }
+  if (url.starts_with(kSqliteScheme)) return std::make_unique<TSqliteDatabase>(FolderOfSqlite(url), mode);
   if (IsMariaDbUrl(url)) return OpenOnServer<TMariaDbDatabase>(ParseMariaDbUrl(url), mode);
   if (IsOdbcUrl(url)) return OpenOnServer<TOdbcDatabase>(ParseOdbcUrl(url), mode);
   RaiseUnknown(url);
 }
 
 std::filesystem::path FolderOfData(const std::string& url) {
-  if (url.starts_with(kSqliteScheme)) return url.substr(kSqliteScheme.size());
+  if (url.starts_with(kSqliteScheme)) return FolderOfSqlite(url);
   if (IsMariaDbUrl(url)) return ParseMariaDbUrl(url).Folder;
   if (IsOdbcUrl(url)) return ParseOdbcUrl(url).Folder;
   RaiseUnknown(url);

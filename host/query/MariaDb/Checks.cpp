@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <utility>
 
 #include "Frame/Host/Classes.h"
 #include "Frame/Host/Zandbs.h"
@@ -23,13 +22,6 @@ constexpr char kReadServer[] =
 
 [[noreturn]] void Refuse(const std::string& sentence) { throw zanrole::EDatabaseError(sentence, {}); }
 
-/// Is the server's "10.11.4-MariaDB" or what it says at least the oldest version?
-bool IsNewEnough(const std::string& version) {
-  int major = 0, minor = 0;
-  const int read = std::sscanf(version.c_str(), "%d.%d", &major, &minor);
-  return read == 2 && std::pair(major, minor) >= kOldestVersion;
-}
-
 TTextRows AskForDatabase(const TInspection& inspection, const std::string& database) {
   return inspection.Ask(
       "select default_collation_name from information_schema.schemata where schema_name = " +
@@ -45,7 +37,7 @@ void InspectServer(const TInspection& inspection) {
   const std::vector<std::string> settings = inspection.Ask(kReadServer).at(0);
   const std::string& server = inspection.Server;
   const bool isMariaDb = settings[0].find("MariaDB") != std::string::npos;
-  if (!isMariaDb || !IsNewEnough(settings[0]))
+  if (!isMariaDb || MariaDbVersion(settings[0]) < kOldestVersion)
     Refuse(fmt::format("The database server {} is of version {}. MariaDB 10.5 or later is needed.", server,
                        settings[0]));
   if (settings[1] != "1")
@@ -99,6 +91,12 @@ void InspectRoutines(const TInspection& inspection, const std::string& database,
 }
 
 }  // namespace
+
+std::pair<int, int> MariaDbVersion(const std::string& version) {
+  std::pair<int, int> read{0, 0};
+  const bool isVersion = std::sscanf(version.c_str(), "%d.%d", &read.first, &read.second) == 2;
+  return isVersion ? read : std::pair(0, 0);
+}
 
 std::string QuotedMariaDbName(const std::string& name) {
   return "`" + zanrole::StringReplace(name, "`", "``") + "`";

@@ -3,6 +3,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "host/query/Inspection.h"
 
@@ -14,6 +15,9 @@ namespace zanhost {
 /// Databases that are missing are made when the mode says so. Raises EDatabaseError that says in plain words
 /// what is wrong and how to set it; passes on what asking throws.
 void InspectMariaDb(const TInspection& inspection, std::span<const std::string_view> routines);
+
+/// Major and minor number in the server's "10.11.4-MariaDB" or what it says; 0.0 when it says none.
+std::pair<int, int> MariaDbVersion(const std::string& version);
 
 /// `name`, for a statement.
 std::string QuotedMariaDbName(const std::string& name);

@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include "host/query/MariaDb/Flavour.h"
+#include "host/query/RestrictedDatabase.h"
 
 namespace zanhost {
 
@@ -21,14 +22,22 @@ constexpr std::string_view kConfigure =
     " session sql_mode = '{2}',"
     " session tx_isolation = 'READ-COMMITTED',"
     " session autocommit = 1,"
+    " session tx_read_only = {3},"
     " session innodb_lock_wait_timeout = {0},"
     " session lock_wait_timeout = {0},"
     " session max_statement_time = {1}";
 // clang-format on
 
+TMariaDbLimits LimitsOf(TAccess access) {
+  TMariaDbLimits limits;
+  if (access == TAccess::Restricted) limits.Statement = kRestrictedStatement;
+  return limits;
+}
+
 }  // namespace
 
-TMariaDbConnection::TMariaDbConnection(TMariaDbUrl url) : FUrl(std::move(url)), FHandle(Connect()) {
+TMariaDbConnection::TMariaDbConnection(TMariaDbUrl url, TAccess access)
+    : FUrl(std::move(url)), FAccess(access), FLimits(LimitsOf(access)), FHandle(Connect()) {
   Configure();
 }
 
@@ -45,17 +54,18 @@ TMySqlHandle TMariaDbConnection::Connect() const {
   const bool local = !FUrl.Socket.empty();
   const unsigned protocol = local ? MYSQL_PROTOCOL_SOCKET : MYSQL_PROTOCOL_TCP;
   mysql_options(handle.get(), MYSQL_OPT_PROTOCOL, &protocol);
+  const unsigned long severalStatements = IsRestricted() ? 0 : CLIENT_MULTI_STATEMENTS;
   const MYSQL* connected =
       mysql_real_connect(handle.get(), local ? nullptr : FUrl.Host.c_str(), FUrl.User.c_str(),
                          FUrl.Password.c_str(), nullptr, FUrl.Port, local ? FUrl.Socket.c_str() : nullptr,
-                         CLIENT_FOUND_ROWS | CLIENT_MULTI_STATEMENTS | CLIENT_MULTI_RESULTS);
+                         CLIENT_FOUND_ROWS | CLIENT_MULTI_RESULTS | severalStatements);
   if (connected == nullptr) throw Describe(ErrorOf(handle.get()));
   return handle;
 }
 
 void TMariaDbConnection::Configure() {
   Exec(fmt::format(kConfigure, FLimits.Busy.count(), FLimits.Statement.count(),
-                   MariaDbFlavourOf(FUrl.Dialect).SqlMode));
+                   MariaDbFlavourOf(FUrl.Dialect).SqlMode, IsRestricted() ? 1 : 0));
 }
 
 void TMariaDbConnection::SetLimits(TMariaDbLimits limits) {
@@ -160,7 +170,7 @@ void TMariaDbConnection::Raise(MYSQL_STMT* statement) { Raise(ErrorOf(statement)
 
 TMariaDbFault TMariaDbConnection::Describe(const TMariaDbError& error) const {
   return DescribeFault(error, {FUrl.Server(), FUrl.User, static_cast<double>(FLimits.Busy.count()),
-                               static_cast<double>(FLimits.Statement.count())});
+                               static_cast<double>(FLimits.Statement.count()), IsRestricted()});
 }
 
 void TMariaDbConnection::Raise(const TMariaDbError& error) {

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "host/query/Access.h"
 #include "host/query/Inspection.h"
 #include "host/query/MariaDb/Fault.h"
 #include "host/query/MariaDb/Handles.h"
@@ -27,12 +28,14 @@ struct TMariaDbLimits {
 /// members but Interrupt belong to one thread and raise TMariaDbFault.
 class TMariaDbConnection {
  public:
-  /// Connects, with no database in use.
-  explicit TMariaDbConnection(TMariaDbUrl url);
+  /// Connects, with no database in use. A restricted connection takes one statement at a time, only reads,
+  /// and gives up early.
+  explicit TMariaDbConnection(TMariaDbUrl url, TAccess access = TAccess::Full);
   TMariaDbConnection(const TMariaDbConnection&) = delete;
   TMariaDbConnection& operator=(const TMariaDbConnection&) = delete;
 
   const TMariaDbUrl& Url() const { return FUrl; }
+  bool IsRestricted() const { return FAccess == TAccess::Restricted; }
   MYSQL* Handle() { return FHandle.get(); }
 
   /// True after the connection was lost or given back: what was prepared on it is of no more use.
@@ -92,6 +95,7 @@ class TMariaDbConnection {
   void EndStatement() noexcept;
 
   TMariaDbUrl FUrl;
+  TAccess FAccess;
   TMariaDbLimits FLimits;
   TMySqlHandle FHandle;
   std::string FDatabase;

@@ -1,6 +1,10 @@
+#include <numeric>
+
+#include "host/query/CallerText.h"
 #include "host/query/MariaDb/MariaDbDatabase.h"
 #include "host/query/MariaDb/Rules.h"
 #include "host/query/MariaDb/Values.h"
+#include "host/query/RestrictedDatabase.h"
 
 namespace zanhost {
 
@@ -12,6 +16,25 @@ std::string AdaptedText(const TStatementShape& shape, std::span<const TAdaptatio
   TTokens tokens = Tokenize(shape.Text);
   Adapt(tokens, rules);
   return TokensToText(tokens);
+}
+
+/// Adds the next row of a result to the cells; false when there is none.
+bool ReadRow(MYSQL_RES& result, std::vector<TZanValue>& cells) {
+  const MYSQL_ROW row = mysql_fetch_row(&result);
+  if (row == nullptr) return false;
+  const unsigned long* const lengths = mysql_fetch_lengths(&result);
+  for (unsigned i = 0; i < result.field_count; ++i)
+    cells.push_back(row[i] != nullptr ? ReadCell(result.fields[i], row[i], lengths[i]) : TZanValue());
+  return true;
+}
+
+/// All rows of a result that is here as a whole.
+std::vector<TZanValue> ReadRows(MYSQL_RES& result) {
+  std::vector<TZanValue> cells;
+  cells.reserve(result.field_count * static_cast<std::size_t>(mysql_num_rows(&result)));
+  while (ReadRow(result, cells)) {
+  }
+  return cells;
 }
 
 }  // namespace
@@ -46,6 +69,7 @@ void TMariaDbDatabase::EnsureConnected() {
 void TMariaDbDatabase::Execute(TRun& run) {
   EnsureConnected();
   const TRunningStatement running(*FConnection);
+  if (FConnection->IsRestricted()) CheckCallerText(run.Text);
   TStatementReader reader(run.Text);
   if (!reader.Read(FShape)) throw TMariaDbFault{"There is no statement.", "no statement"};
   if (reader.IsBatch()) return FFlavour.BatchIsBlock ? ExecuteBlock(run) : ExecuteBatch(run, run.Text);
@@ -53,6 +77,10 @@ void TMariaDbDatabase::Execute(TRun& run) {
   ExecuteSingle(run);
   if (run.Result != nullptr && !run.HasResult)
     throw TMariaDbFault{"The statement gives no result.", "no result"};
+}
+
+void TMariaDbDatabase::CheckCallerText(const std::string& text) {
+  if (std::string why = WhyNotSent(text); !why.empty()) throw TMariaDbFault{std::move(why), "refused"};
 }
 
 void TMariaDbDatabase::ExecuteSingle(TRun& run) {
@@ -82,24 +110,33 @@ void TMariaDbDatabase::ExecuteText(TRun& run, const std::string& text) {
 }
 
 void TMariaDbDatabase::ReadTextResult(TRun& run) {
-  const TMySqlResultHandle result(mysql_store_result(FConnection->Handle()));
+  MYSQL* const handle = FConnection->Handle();
+  const TMySqlResultHandle result(FConnection->IsRestricted() ? mysql_use_result(handle)
+                                                              : mysql_store_result(handle));
   if (result == nullptr) {
-    if (mysql_field_count(FConnection->Handle()) != 0) FConnection->Raise();
-    run.Changed += static_cast<std::int64_t>(mysql_affected_rows(FConnection->Handle()));
+    if (mysql_field_count(handle) != 0) FConnection->Raise();
+    run.Changed += static_cast<std::int64_t>(mysql_affected_rows(handle));
     return;
   }
   if (run.Result == nullptr || run.HasResult) return;
   std::vector<std::string> columns;
   for (unsigned i = 0; i < result->field_count; ++i) columns.emplace_back(result->fields[i].name);
-  std::vector<TZanValue> cells;
-  cells.reserve(columns.size() * static_cast<std::size_t>(mysql_num_rows(result.get())));
-  while (const MYSQL_ROW row = mysql_fetch_row(result.get())) {
-    const unsigned long* lengths = mysql_fetch_lengths(result.get());
-    for (unsigned i = 0; i < result->field_count; ++i)
-      cells.push_back(row[i] != nullptr ? ReadCell(result->fields[i], row[i], lengths[i]) : TZanValue());
-  }
-  run.Result->Load(columns, std::move(cells));
+  run.Result->Load(columns, FConnection->IsRestricted() ? ReadRowsWithinLimits(*result) : ReadRows(*result));
   run.HasResult = true;
+}
+
+std::vector<TZanValue> TMariaDbDatabase::ReadRowsWithinLimits(MYSQL_RES& result) {
+  std::vector<TZanValue> cells;
+  std::size_t bytes = 0;
+  while (ReadRow(result, cells)) {
+    const unsigned long* const lengths = mysql_fetch_lengths(&result);
+    bytes += std::accumulate(lengths, lengths + result.field_count, std::size_t{0});
+    if (cells.size() > kRestrictedValues || bytes > kRestrictedBytes)
+      throw TMariaDbFault{"The statement was stopped: its result is too large.", "result too large"};
+  }
+  // The rows came from the server one by one, and it may have stopped.
+  if (mysql_errno(FConnection->Handle()) != 0) FConnection->Raise();
+  return cells;
 }
 
 void TMariaDbDatabase::ExecutePrepared(TRun& run, TMariaDbPrepared& statement) {

@@ -41,6 +41,9 @@ std::string DescribeReaching(const TMariaDbError& error, const TMariaDbFaultCont
     case ER_TABLEACCESS_DENIED_ERROR:
     case ER_COLUMNACCESS_DENIED_ERROR:
     case ER_PROCACCESS_DENIED_ERROR:
+      if (context.Restricted)
+        return fmt::format("The database server {} does not let the restricted user '{}' do this ({}).",
+                           context.Server, context.User, error.Text);
       return fmt::format(
           "The database server {} does not let the user '{}' do this ({}). Nothing was changed; give that "
           "user "
@@ -78,6 +81,7 @@ std::string DescribeTrouble(unsigned number, const TMariaDbFaultContext& context
     case ER_OPEN_AS_READONLY:
     case ER_OPTION_PREVENTS_STATEMENT:
     case ER_CANT_EXECUTE_IN_READ_ONLY_TRANSACTION:
+      if (context.Restricted) return "The statement does something else than reading, and is not run here.";
       return fmt::format("The database server {} can only be read.", context.Server);
     case ER_NET_PACKET_TOO_LARGE:
       return fmt::format(

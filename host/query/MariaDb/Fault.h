@@ -21,6 +21,7 @@ struct TMariaDbFaultContext {
   std::string User;
   double BusySeconds = 0;
   double StatementSeconds = 0;
+  bool Restricted = false;  ///< the user is meant to have few rights
 };
 
 /// One error of client or server, as they number and word it.

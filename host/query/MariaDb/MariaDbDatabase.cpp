@@ -2,6 +2,7 @@
 
 #include "host/query/MariaDb/Checks.h"
 #include "host/query/MariaDb/MariaDbQuery.h"
+#include "host/query/MariaDb/RestrictedAccount.h"
 #include "host/query/Redaction.h"
 
 namespace zanhost {
@@ -13,12 +14,17 @@ namespace {
 // A server keeps some 16,000 prepared statements for all its sessions.
 constexpr std::size_t kCachedStatements = 48;
 
-std::unique_ptr<TMariaDbConnection> ConnectAndCheck(const TMariaDbUrl& url, TOpenMode mode) {
+std::unique_ptr<TMariaDbConnection> ConnectAndCheck(const TMariaDbUrl& url, TOpenMode mode, TAccess access) {
   try {
-    auto connection = std::make_unique<TMariaDbConnection>(url);
+    auto connection = std::make_unique<TMariaDbConnection>(url, access);
     const auto ask = [&](const std::string& statement) { return connection->Ask(statement); };
-    InspectMariaDb({ask, url.Server(), url.User, {url.Data, url.System}, mode},
-                   MariaDbFlavourOf(url.Dialect).Routines);
+    const TInspection inspection{ask, url.Server(), url.User, {url.Data, url.System}, mode};
+    if (access == TAccess::Restricted) {
+      InspectMariaDb(inspection, {});
+      InspectRestrictedAccount(inspection);
+    } else {
+      InspectMariaDb(inspection, MariaDbFlavourOf(url.Dialect).Routines);
+    }
     return connection;
   } catch (const TMariaDbFault& fault) {
     throw EDatabaseError(fault.Message, {});
@@ -27,9 +33,9 @@ std::unique_ptr<TMariaDbConnection> ConnectAndCheck(const TMariaDbUrl& url, TOpe
 
 }  // namespace
 
-TMariaDbDatabase::TMariaDbDatabase(const TMariaDbUrl& url, TOpenMode mode)
+TMariaDbDatabase::TMariaDbDatabase(const TMariaDbUrl& url, TOpenMode mode, TAccess access)
     : FFlavour(MariaDbFlavourOf(url.Dialect)),
-      FConnection(ConnectAndCheck(url, mode)),
+      FConnection(ConnectAndCheck(url, mode, access)),
       FCaches{TStatementCache<TMariaDbPrepared>(kCachedStatements),
               TStatementCache<TMariaDbPrepared>(kCachedStatements)} {}
 

@@ -23,7 +23,8 @@ class TMariaDbDatabase final : public TDatabase {
  public:
   /// Raises EDatabaseError with a text for a person when the server cannot be used, with what to set on it.
   /// MustExist wants the routines of the schema as well, CreateIfMissing makes databases that are missing.
-  TMariaDbDatabase(const TMariaDbUrl& url, TOpenMode mode);
+  /// Restricted wants an account that can neither write nor read passwords, and no routines.
+  TMariaDbDatabase(const TMariaDbUrl& url, TOpenMode mode, TAccess access = TAccess::Full);
 
   const TDialectFamily& Family() const override { return FFlavour.Family(); }
   TServerKind Server() const override { return TServerKind::MariaDb; }
@@ -51,6 +52,8 @@ class TMariaDbDatabase final : public TDatabase {
   void Run(zanrole::TZANQuery& query, bool onSystem, zanrole::TDataSet* result);
 
   void Execute(TRun& run);
+  /// REQUIRES: restricted.
+  static void CheckCallerText(const std::string& text);
   /// What was prepared goes with a connection that is no longer there.
   void EnsureConnected();
   void ForgetPrepared() noexcept;
@@ -80,6 +83,7 @@ class TMariaDbDatabase final : public TDatabase {
 
   void ExecuteText(TRun& run, const std::string& text);
   void ReadTextResult(TRun& run);
+  std::vector<zanrole::TZanValue> ReadRowsWithinLimits(MYSQL_RES& result);
   void ReadPreparedResult(TRun& run, MYSQL_STMT* statement);
   void NoteSent(TRun& run, const std::string& text) const;
 

@@ -37,6 +37,8 @@ std::vector<TParameterSource> TakeSources(TTokens& tokens, const TLiteralBinding
 }  // namespace
 
 std::shared_ptr<TMariaDbPrepared> TMariaDbDatabase::Prepare(const TRun& run, const TTokens& adapted) {
+  // A statement that is sent as a text gives its rows one by one.
+  if (FConnection->IsRestricted()) return nullptr;
   const bool hasParameters = HasParameters(adapted);
   TTokens bound = adapted;
   TLiteralBinding binding;

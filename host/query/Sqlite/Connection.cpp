@@ -10,6 +10,7 @@
 #include <filesystem>
 #include <thread>
 
+#include "host/query/RestrictedDatabase.h"
 #include "host/query/Sqlite/Functions.h"
 
 namespace zanhost {
@@ -18,6 +19,8 @@ namespace {
 
 /// How many of SQLite's instructions run between two looks at the clock.
 constexpr int kInstructionsBetweenChecks = 20'000;
+/// The same where one of them may be a call that somebody made as costly as he could.
+constexpr int kRestrictedInstructionsBetweenChecks = 100;
 
 [[noreturn]] void RaiseOpening(const std::string& message) { throw zanrole::EDatabaseError(message, {}); }
 
@@ -49,7 +52,7 @@ void SeeThatFileExists(const std::filesystem::path& file) {
 
 }  // namespace
 
-TSqliteConnection::TSqliteConnection(const std::string& file, TOpenMode mode) : FFile(file) {
+TSqliteConnection::TSqliteConnection(const std::string& file, TOpenMode mode, TAccess access) : FFile(file) {
   if (mode == TOpenMode::MustExist) {
     SeeThatFileExists(file);
   } else {
@@ -59,18 +62,19 @@ TSqliteConnection::TSqliteConnection(const std::string& file, TOpenMode mode) : 
   if (std::filesystem::is_directory(file))
     RaiseOpening(fmt::format("'{}' is a folder, not a database.", file));
   try {
-    Open(mode);
+    Open(mode, access);
     Configure();
+    if (access == TAccess::Restricted) Restrict();
   } catch (const TSqliteFault& fault) {
     RaiseOpening(fault.Message);
   }
 }
 
-void TSqliteConnection::Open(TOpenMode mode) {
+void TSqliteConnection::Open(TOpenMode mode, TAccess access) {
+  const int use = access == TAccess::Restricted ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
   const int create = mode == TOpenMode::CreateIfMissing ? SQLITE_OPEN_CREATE : 0;
   sqlite3* handle = nullptr;
-  const int code =
-      sqlite3_open_v2(FFile.c_str(), &handle, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | create, nullptr);
+  const int code = sqlite3_open_v2(FFile.c_str(), &handle, use | SQLITE_OPEN_NOMUTEX | create, nullptr);
   FHandle.reset(handle);
   Check(code);
 }
@@ -95,6 +99,22 @@ void TSqliteConnection::Configure() {
   Exec("pragma case_sensitive_like = on");
 }
 
+void TSqliteConnection::Restrict() {
+  Exec("pragma query_only = on");
+  FLimits.Statement = kRestrictedStatement;
+  FLimits.ResultValues = kRestrictedValues;
+  FLimits.ResultBytes = kRestrictedBytes;
+  sqlite3_progress_handler(Handle(), kRestrictedInstructionsBetweenChecks, OnProgress, this);
+  FRestriction.emplace(Handle(), TableNames());
+}
+
+std::set<std::string> TSqliteConnection::TableNames() {
+  const TStatementHandle list = Prepare("select name from sqlite_master where type = 'table'", false);
+  std::set<std::string> names;
+  while (Step(list.get())) names.emplace(reinterpret_cast<const char*>(sqlite3_column_text(list.get(), 0)));
+  return names;
+}
+
 void TSqliteConnection::SwitchToWriteAheadLog() {
   // Where two sessions switch a new file at once SQLite tells one of them at once that it is busy, without
   // asking the busy handler, so the waiting is done here.
@@ -111,14 +131,19 @@ void TSqliteConnection::BeginStatement(std::chrono::milliseconds limit) {
   FClockStarted = false;
   FOutOfTime = false;
   FInterrupted.store(false, std::memory_order_relaxed);
+  if (FRestriction) FRestriction->ForgetReason();
 }
 
 TStatementHandle TSqliteConnection::Prepare(std::string_view text, bool persistent) {
-  sqlite3_stmt* statement = nullptr;
+  sqlite3_stmt* prepared = nullptr;
+  const char* behind = nullptr;
   Check(sqlite3_prepare_v3(Handle(), text.data(), static_cast<int>(text.size()),
-                           persistent ? SQLITE_PREPARE_PERSISTENT : 0, &statement, nullptr));
+                           persistent ? SQLITE_PREPARE_PERSISTENT : 0, &prepared, &behind));
+  TStatementHandle statement(prepared);
   if (statement == nullptr) throw TSqliteFault{"There is no statement.", "no statement"};
-  return TStatementHandle(statement);
+  if (behind != text.data() + text.size())
+    throw TSqliteFault{"There is more behind the end of the statement.", "more than one statement"};
+  return statement;
 }
 
 bool TSqliteConnection::Step(sqlite3_stmt* statement) {
@@ -162,7 +187,12 @@ TFaultContext TSqliteConnection::Context() const {
   const auto seconds = [](std::chrono::milliseconds time) {
     return std::chrono::duration<double>(time).count();
   };
-  return {FFile, seconds(FLimits.Busy), seconds(FStatementLimit), FInterrupted.load(), FOutOfTime};
+  return {.File = FFile,
+          .BusySeconds = seconds(FLimits.Busy),
+          .StatementSeconds = seconds(FStatementLimit),
+          .Interrupted = FInterrupted.load(),
+          .OutOfTime = FOutOfTime,
+          .Refusal = FRestriction ? FRestriction->Reason() : std::string()};
 }
 
 TSqliteTransaction::TSqliteTransaction(TSqliteConnection& connection) : FConnection(connection) {

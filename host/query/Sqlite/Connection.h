@@ -2,12 +2,15 @@
 
 #include <atomic>
 #include <chrono>
+#include <optional>
 #include <string>
 #include <string_view>
 
+#include "host/query/Access.h"
 #include "host/query/DataUrl.h"
 #include "host/query/Sqlite/Fault.h"
 #include "host/query/Sqlite/Handles.h"
+#include "host/query/Sqlite/Restriction.h"
 
 namespace zanhost {
 
@@ -19,6 +22,8 @@ struct TSqliteLimits {
   std::chrono::milliseconds Statement{30000};
   /// How many values a result may hold: such a recursion would fill the memory before its time is over.
   std::size_t ResultValues = 10'000'000;
+  /// How long its texts may be together.
+  std::size_t ResultBytes = std::size_t{4} << 30;
 };
 
 /// A connection to one SQLite file, set up as the host uses it. All members but Interrupt belong to one
@@ -26,7 +31,7 @@ struct TSqliteLimits {
 class TSqliteConnection {
  public:
   /// Opens the file, or makes it. Raises EDatabaseError with a text for a person.
-  TSqliteConnection(const std::string& file, TOpenMode mode);
+  TSqliteConnection(const std::string& file, TOpenMode mode, TAccess access = TAccess::Full);
   TSqliteConnection(const TSqliteConnection&) = delete;
   TSqliteConnection& operator=(const TSqliteConnection&) = delete;
 
@@ -40,7 +45,7 @@ class TSqliteConnection {
 
   // All of these raise TSqliteFault.
 
-  /// `persistent` for a statement that will be used again.
+  /// `persistent` for a statement that will be used again. A second statement behind the first is refused.
   TStatementHandle Prepare(std::string_view text, bool persistent);
   /// True when the statement stands on a row, false when it is done.
   bool Step(sqlite3_stmt* statement);
@@ -52,8 +57,10 @@ class TSqliteConnection {
   void Interrupt() noexcept;
 
  private:
-  void Open(TOpenMode mode);
+  void Open(TOpenMode mode, TAccess access);
   void Configure();
+  void Restrict();
+  std::set<std::string> TableNames();
   void SwitchToWriteAheadLog();
   bool KeepWaiting(int tries);
   bool KeepRunning();
@@ -67,6 +74,7 @@ class TSqliteConnection {
   using TClock = std::chrono::steady_clock;
 
   std::string FFile;
+  std::optional<TSqliteRestriction> FRestriction;
   TConnectionHandle FHandle;
   TSqliteLimits FLimits;
   std::chrono::milliseconds FStatementLimit{0};

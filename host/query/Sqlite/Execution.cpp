@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "host/query/Adaptation.h"
+#include "host/query/CallerText.h"
 #include "host/query/RecurringStatements.h"
 #include "host/query/Redaction.h"
 #include "host/query/Sqlite/Rules.h"
@@ -28,6 +29,7 @@ void TSqliteDatabase::Run(zanrole::TZANQuery& query, std::string_view database, 
 
 void TSqliteDatabase::Execute(TRun& run) {
   FConnection.BeginStatement();
+  if (FAccess == TAccess::Restricted) CheckCallerText(run.Text);
   if (const TRepeatedTexts::TKnown* known = FRepeated.Find(run.Text))
     return ExecuteSingle(run, *known->Statement, known->Shape.Literals);
   TStatementReader reader(run.Text);
@@ -37,6 +39,10 @@ void TSqliteDatabase::Execute(TRun& run) {
   const auto statement = FindStatement();
   ExecuteSingle(run, *statement, FShape.Literals);
   FRepeated.Note(run.Text, statement);
+}
+
+void TSqliteDatabase::CheckCallerText(const std::string& text) {
+  if (std::string why = WhyNotSent(text); !why.empty()) throw TSqliteFault{std::move(why), "refused"};
 }
 
 void TSqliteDatabase::ExecuteSingle(TRun& run, TSqlitePrepared& statement, const TTokens& literals) {
@@ -119,6 +125,11 @@ TZanValue ReadCell(sqlite3_stmt* statement, int column) {
                      static_cast<std::size_t>(sqlite3_column_bytes(statement, column)));
 }
 
+std::size_t TextSize(const TZanValue& value) {
+  const auto* text = std::get_if<std::string>(&value);
+  return text != nullptr ? text->size() : 0;
+}
+
 /// Room for the values of most results.
 constexpr std::size_t kUsualValues = 16;
 
@@ -153,12 +164,16 @@ void TSqliteDatabase::ReadResult(TRun& run, TSqlitePrepared& statement) {
   sqlite3_stmt* const handle = statement.Handle.get();
   std::vector<TZanValue> cells;
   cells.reserve(kUsualValues);
+  std::size_t bytes = 0;
   bool row = FConnection.Step(handle);
   RefreshColumns(statement);
   const int columns = static_cast<int>(statement.Columns.size());
   for (; row; row = FConnection.Step(handle)) {
-    for (int column = 0; column < columns; ++column) cells.push_back(ReadCell(handle, column));
-    if (cells.size() > FConnection.Limits().ResultValues)
+    for (int column = 0; column < columns; ++column) {
+      cells.push_back(ReadCell(handle, column));
+      bytes += TextSize(cells.back());
+    }
+    if (cells.size() > FConnection.Limits().ResultValues || bytes > FConnection.Limits().ResultBytes)
       throw TSqliteFault{
           "The statement was stopped: its result is too large, or it follows a loop in the data.",
           "result too large"};

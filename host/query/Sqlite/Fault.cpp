@@ -64,6 +64,8 @@ bool IsDoubleKey(int code) {
 }  // namespace
 
 TSqliteFault DescribeFault(sqlite3* connection, int code, const TFaultContext& context) {
+  // The engine has several codes and messages for what it was not allowed to do.
+  if (!context.Refusal.empty()) return {context.Refusal, sqlite3_errstr(SQLITE_AUTH)};
   const int extended = connection != nullptr ? sqlite3_extended_errcode(connection) : code;
   const int known = (extended & 0xff) == (code & 0xff) ? extended : code;
   TSqliteFault fault{DescribeTrouble(known, context), sqlite3_errstr(known)};

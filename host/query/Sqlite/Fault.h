@@ -19,6 +19,7 @@ struct TFaultContext {
   double StatementSeconds = 0;
   bool Interrupted = false;  ///< Interrupt() was called
   bool OutOfTime = false;    ///< the limit for one statement was reached
+  std::string Refusal;  ///< why the restriction of the connection refused something; empty when it did not
 };
 
 /// The fault for the code that a call on `connection` gave (null when there is no connection).

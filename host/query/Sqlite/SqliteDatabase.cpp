@@ -26,8 +26,8 @@ std::string FileOfFolder(const std::string& folder) {
 
 }  // namespace
 
-TSqliteDatabase::TSqliteDatabase(const std::string& folder, TOpenMode mode)
-    : FConnection(FileOfFolder(folder), mode), FCache(kCachedStatements) {}
+TSqliteDatabase::TSqliteDatabase(const std::string& folder, TOpenMode mode, TAccess access)
+    : FAccess(access), FConnection(FileOfFolder(folder), mode, access), FCache(kCachedStatements) {}
 
 const TDialectFamily& TSqliteDatabase::Family() const { return SqliteFamily(); }
 

@@ -17,7 +17,7 @@ namespace zanhost {
 class TSqliteDatabase final : public TDatabase {
  public:
   /// Raises EDatabaseError with a text for a person.
-  TSqliteDatabase(const std::string& folder, TOpenMode mode);
+  TSqliteDatabase(const std::string& folder, TOpenMode mode, TAccess access = TAccess::Full);
 
   const TDialectFamily& Family() const override;
   TServerKind Server() const override { return TServerKind::Sqlite; }
@@ -51,6 +51,8 @@ class TSqliteDatabase final : public TDatabase {
   void Run(zanrole::TZANQuery& query, std::string_view database, zanrole::TDataSet* result);
 
   void Execute(TRun& run);
+  /// REQUIRES: restricted.
+  static void CheckCallerText(const std::string& text);
   void ExecuteBatch(TRun& run, TStatementReader& reader, bool hasStatement);
   void ExecuteSingle(TRun& run, TSqlitePrepared& statement, const TTokens& literals);
   /// `literals` are those of the module's text.
@@ -63,6 +65,7 @@ class TSqliteDatabase final : public TDatabase {
   void TraceRun(const TRun& run, std::chrono::steady_clock::time_point start, sqlite3_int64 changesBefore,
                 const TSqliteFault* fault);
 
+  const TAccess FAccess;
   TSqliteConnection FConnection;
   TStatementCache<TSqlitePrepared> FCache;
   TRepeatedTexts FRepeated;
