@@ -20,5 +20,6 @@ void AddScriptCommand(CLI::App& program, TRun& run);
 void AddWorkerCommand(CLI::App& program, TRun& run);
 void AddPasswdCommand(CLI::App& program, TRun& run);
 void AddBackupCommand(CLI::App& program, TRun& run);
+void AddRestrictedAccountCommand(CLI::App& program, TRun& run);
 
 }  // namespace zanhost

@@ -22,6 +22,7 @@ void AddCommands(CLI::App& program, zanhost::TRun& run) {
   zanhost::AddScriptCommand(program, run);
   zanhost::AddPasswdCommand(program, run);
   zanhost::AddBackupCommand(program, run);
+  zanhost::AddRestrictedAccountCommand(program, run);
   zanhost::AddWorkerCommand(program, run);
 }
 

@@ -11,8 +11,8 @@ using zantest::TRan;
 
 namespace {
 
-const std::vector<std::string> kCommands = {"serve", "sample", "schema", "functions",
-                                            "call",  "script", "passwd", "backup"};
+const std::vector<std::string> kCommands = {"serve",  "sample", "schema", "functions",         "call",
+                                            "script", "passwd", "backup", "restricted-account"};
 
 }  // namespace
 
@@ -38,6 +38,7 @@ TEST(Usage, NoCommandOrAnUnknownOneIsWrongUsage) {
                                                 {"nonsense"},
                                                 {"call"},
                                                 {"backup"},
+                                                {"restricted-account"},
                                                 {"passwd"},
                                                 {"schema", "--people", "3"},
                                                 {"call", "F", "--domain", "abc"},
