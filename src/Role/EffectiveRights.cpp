@@ -1,6 +1,5 @@
 #include "Role/EffectiveRights.h"
 
-#include <array>
 #include <bit>
 
 namespace zanrole {
@@ -21,17 +20,12 @@ constexpr TSetRight RightAt(std::uint64_t slot, int shift) {
   return static_cast<TSetRight>(slot >> shift & 3u);
 }
 
-constexpr TSetRight EffectiveRight(std::uint64_t slot) {
-  const TSetRight ofRoles = RightAt(slot, kRolesShift);
-  const TSetRight own = RightAt(slot, kOwnShift);
-  return ofRoles == TSetRight::Denied || own == TSetRight::NotSet ? ofRoles : own;
-}
-
 /// The rule as a table: a processor cannot foresee how rights are set, so that asking by branches would cost
 /// more than all the rest.
 constexpr auto kEffective = [] {
   std::array<TSetRight, 1 << kRightBits> table{};
-  for (std::size_t set = 0; set < table.size(); ++set) table[set] = EffectiveRight(set);
+  for (std::size_t set = 0; set < table.size(); ++set)
+    table[set] = EffectiveRight(RightAt(set, kOwnShift), RightAt(set, kRolesShift));
   return table;
 }();
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
@@ -11,6 +12,22 @@ namespace zanrole {
 
 enum class TSetRight : std::uint8_t { NotSet = 0, Allowed = 1, Denied = 2 };
 
+/// The word that a right is told by: "允许" (allowed), "禁止" (denied), or an empty text where none is set.
+constexpr std::string_view WordOf(TSetRight right) {
+  constexpr std::array<std::string_view, 3> words{"", "允许", "禁止"};
+  return words[static_cast<std::size_t>(right)];
+}
+
+/// A denial by a role is final; otherwise the holder's own right counts before that of his roles.
+constexpr bool RolesDecide(TSetRight own, TSetRight ofRoles) {
+  return ofRoles == TSetRight::Denied || own == TSetRight::NotSet;
+}
+
+/// The effective right, as it follows from the holder's own and that of his roles.
+constexpr TSetRight EffectiveRight(TSetRight own, TSetRight ofRoles) {
+  return RolesDecide(own, ofRoles) ? ofRoles : own;
+}
+
 /// The effective rights of one holder. A pair of object and operation with what is set for it is one number,
 /// so that a question costs the same for a hundred rights and for a hundred thousand.
 class TEffectiveRights {
@@ -20,7 +37,7 @@ class TEffectiveRights {
   void AddOfRoles(int objectID, std::string_view oprate, bool allowed);
   void Clear();
 
-  /// A denial by a role is final; otherwise the holder's own right counts before that of his roles.
+  /// The effective right of the holder.
   TSetRight Find(int objectID, std::string_view oprate) const;
 
  private:

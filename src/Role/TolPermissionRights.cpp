@@ -10,8 +10,8 @@ namespace zanrole {
 
 namespace {
 
-constexpr const char* kAllowed = "允许";
-constexpr const char* kDenied = "禁止";
+constexpr std::string_view kAllowed = WordOf(TSetRight::Allowed);
+constexpr std::string_view kDenied = WordOf(TSetRight::Denied);
 
 // clang-format off
 constexpr const char* kOwnRights = "Select * From STPermission Where UserID = %d";
@@ -52,8 +52,8 @@ void ReadRights(TZANQuery& query, std::string_view statement, TMyPerHash& rights
     TField& permission = query.FieldByName("Permission");
     for (; !query.Eof(); query.Next()) {
       const bool allowed = permission.AsInteger() != 0;
-      const TRightDef& right =
-          rights.Add({objectID.AsInteger(), oprate.AsString(), false, allowed ? kAllowed : kDenied});
+      const TRightDef& right = rights.Add(
+          {objectID.AsInteger(), oprate.AsString(), false, std::string(allowed ? kAllowed : kDenied)});
       addEffective(right.ObjectID, right.Oprate, allowed);
     }
   }
@@ -119,14 +119,11 @@ void TTolPermission::Clear() {
 }
 
 std::string TTolPermission::GetPermission(int objectID, std::string_view oprate) const {
-  if (FSystemInfo->IsSuperUser) return kAllowed;
-  // In the order of TSetRight.
-  static constexpr std::string_view kWords[] = {"", kAllowed, kDenied};
-  return std::string(kWords[static_cast<std::size_t>(FEffective.Find(objectID, oprate))]);
+  return std::string(FSystemInfo->IsSuperUser ? kAllowed : WordOf(FEffective.Find(objectID, oprate)));
 }
 
 std::string TTolPermission::GetUserSelfPermission(int objectID, std::string_view oprate) const {
-  if (FSystemInfo->IsSuperUser) return kAllowed;
+  if (FSystemInfo->IsSuperUser) return std::string(kAllowed);
   return RightOf(FSelfPer.FindData(objectID, oprate));
 }
 
