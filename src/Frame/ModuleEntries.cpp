@@ -1,5 +1,7 @@
 #include "Domain/U_DomainFuncsImp.h"
 #include "Frame/Package.h"
+#include "Role/RightHolders.h"
+#include "Role/RightReasons.h"
 #include "Role/RunPermission.h"
 #include "Role/UserPassword.h"
 
@@ -15,7 +17,14 @@ void StorePassword(int oid, const std::string& login, const std::string& passwor
   SavePassword(oid, login, password);
 }
 
-constexpr TZanroleEntries kEntries{&GetMenuPermission, &SetCurrentDomainID, &StorePassword};
+TRightReason ReasonOfRight(int objectID, const std::string& oprate) { return ExplainRight(objectID, oprate); }
+
+TRightHolders HoldersOfRight(int objectID, const std::string& oprate, int afterOID, int limit) {
+  return ReadRightHolders(objectID, oprate, afterOID, limit);
+}
+
+constexpr TZanroleEntries kEntries{&GetMenuPermission, &SetCurrentDomainID, &StorePassword, &ReasonOfRight,
+                                   &HoldersOfRight};
 
 }  // namespace
 

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "Frame/Host/Host.h"
+#include "Frame/Host/Rights.h"
 #include "Frame/Host/Services.h"
 #include "Frame/Host/Un_basefunc.h"
 
@@ -22,6 +23,11 @@ struct TZanroleEntries {
   void (*SetCurrentDomainID)(int domainID);
   /// Stores a new password for a user's row, enciphered where the installation says so, and notes the time.
   void (*SavePassword)(int oid, const std::string& login, const std::string& password);
+  /// The effective right of the logged-in user, and why it is so, from the rows as they stand now.
+  TRightReason (*ExplainRight)(int objectID, const std::string& oprate);
+  /// Who has a right set, whoever is logged in: users by OID, those after `afterOID`, at most `limit` of
+  /// them. The host says who may ask. REQUIRES: limit >= 1.
+  TRightHolders (*RightHolders)(int objectID, const std::string& oprate, int afterOID, int limit);
 };
 
 extern "C" {

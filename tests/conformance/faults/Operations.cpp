@@ -74,6 +74,11 @@ void AddEntries(TOperations& operations) {
     ZanroleEntries()->SavePassword(2, "plain", "new; it's");
     return std::string();
   });
+  AddDirect(operations, "entry ExplainRight",
+            [](TFaultWorld&) { return ZanroleEntries()->ExplainRight(100, "执行").Right; });
+  AddDirect(operations, "entry RightHolders", [](TFaultWorld&) {
+    return std::to_string(ZanroleEntries()->RightHolders(100, "执行", 0, 10).Users.size());
+  });
 }
 
 void AddRegistry(TOperations& operations) {
