@@ -2,12 +2,12 @@
 
 #include <fmt/format.h>
 #include <openssl/rand.h>
-#include <openssl/sha.h>
 
 #include <array>
-#include <span>
 #include <stdexcept>
 #include <utility>
+
+#include "host/platform/Secrets.h"
 
 namespace zanhost {
 
@@ -18,24 +18,14 @@ constexpr std::size_t kIdBytes = 4;
 constexpr auto kWatchInterval = std::chrono::milliseconds(500);
 constexpr auto kEndInterval = std::chrono::milliseconds(20);
 
-std::string Hex(std::span<const unsigned char> bytes) {
-  std::string text;
-  for (const unsigned char byte : bytes) text += fmt::format("{:02x}", byte);
-  return text;
-}
-
 template <std::size_t Size>
 std::string RandomHex() {
   std::array<unsigned char, Size> bytes{};
   if (RAND_bytes(bytes.data(), static_cast<int>(bytes.size())) != 1)
     throw std::runtime_error("no random bytes for a session");
-  return Hex(bytes);
-}
-
-std::string DigestOf(std::string_view secret) {
-  std::array<unsigned char, SHA256_DIGEST_LENGTH> digest{};
-  SHA256(reinterpret_cast<const unsigned char*>(secret.data()), secret.size(), digest.data());
-  return Hex(digest);
+  std::string text;
+  for (const unsigned char byte : bytes) text += fmt::format("{:02x}", byte);
+  return text;
 }
 
 }  // namespace
@@ -54,7 +44,7 @@ std::optional<std::string> TSessions::Open(TOperator who) {
   std::string secret = RandomHex<kSecretBytes>();
   std::string id = fmt::format("{}-{}", ++FOpened, RandomHex<kIdBytes>());
   std::filesystem::path files = FFiles / id;
-  FSessions.emplace(DigestOf(secret),
+  FSessions.emplace(HexDigestOf(secret),
                     std::make_shared<TLoginSession>(FExecutor, FSettings, FLog, std::move(id), std::move(who),
                                                     std::move(files)));
   return secret;
@@ -62,7 +52,7 @@ std::optional<std::string> TSessions::Open(TOperator who) {
 
 std::shared_ptr<TLoginSession> TSessions::Find(std::string_view secret) const {
   if (secret.empty()) return nullptr;
-  const auto found = FSessions.find(DigestOf(secret));
+  const auto found = FSessions.find(HexDigestOf(secret));
   return found == FSessions.end() || found->second->HasEnded() ? nullptr : found->second;
 }
 

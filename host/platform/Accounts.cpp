@@ -1,9 +1,6 @@
 #include "host/platform/Accounts.h"
 
-#include <openssl/crypto.h>
-#include <openssl/sha.h>
-
-#include <array>
+#include "host/platform/Secrets.h"
 
 namespace zanhost {
 
@@ -47,21 +44,6 @@ std::optional<TStoredAccount> LoadAccount(zanrole::TDatabaseServices& database, 
   account.NeedReset = ReadFlag(*flags, query->FieldByName("NeedReset"), false);
   account.CanModify = ReadFlag(*flags, query->FieldByName("CanModify"), true);
   return stored;
-}
-
-using TDigest = std::array<unsigned char, SHA256_DIGEST_LENGTH>;
-
-TDigest DigestOf(std::string_view text) {
-  TDigest digest;
-  SHA256(reinterpret_cast<const unsigned char*>(text.data()), text.size(), digest.data());
-  return digest;
-}
-
-// Digests are of one length, so the time tells nothing about the texts.
-bool SameSecret(std::string_view a, std::string_view b) {
-  const TDigest first = DigestOf(a);
-  const TDigest second = DigestOf(b);
-  return CRYPTO_memcmp(first.data(), second.data(), first.size()) == 0;
 }
 
 bool IsPasswordOf(zanrole::TCipher& cipher, std::string_view stored, std::string_view login,
