@@ -21,5 +21,6 @@ void AddWorkerCommand(CLI::App& program, TRun& run);
 void AddPasswdCommand(CLI::App& program, TRun& run);
 void AddBackupCommand(CLI::App& program, TRun& run);
 void AddRestrictedAccountCommand(CLI::App& program, TRun& run);
+void AddTokenCommand(CLI::App& program, TRun& run);
 
 }  // namespace zanhost

@@ -23,6 +23,7 @@ void AddCommands(CLI::App& program, zanhost::TRun& run) {
   zanhost::AddPasswdCommand(program, run);
   zanhost::AddBackupCommand(program, run);
   zanhost::AddRestrictedAccountCommand(program, run);
+  zanhost::AddTokenCommand(program, run);
   zanhost::AddWorkerCommand(program, run);
 }
 
