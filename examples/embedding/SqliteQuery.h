@@ -24,10 +24,10 @@ class TSqliteQuery final : public TZANQuery {
     std::vector<std::string> columns;
     const int width = sqlite3_column_count(prepared);
     for (int i = 0; i < width; ++i) columns.emplace_back(sqlite3_column_name(prepared, i));
-    std::vector<TZanValue> cells;
+    TZanCells cells;
     int step = sqlite3_step(prepared);
     for (; step == SQLITE_ROW; step = sqlite3_step(prepared))
-      for (int i = 0; i < width; ++i) cells.push_back(Cell(prepared, i));
+      for (int i = 0; i < width; ++i) AddCell(cells, prepared, i);
     if (step != SQLITE_DONE) Fail();
     DataSet().Load(columns, std::move(cells));
   }
@@ -41,11 +41,11 @@ class TSqliteQuery final : public TZANQuery {
       sqlite3_bind_text(statement, place, ValueAsString(param.Value()).c_str(), -1, SQLITE_TRANSIENT);
   }
 
-  static TZanValue Cell(sqlite3_stmt* statement, int column) {
+  static void AddCell(TZanCells& cells, sqlite3_stmt* statement, int column) {
     const int type = sqlite3_column_type(statement, column);
-    if (type == SQLITE_NULL) return {};
-    if (type == SQLITE_INTEGER) return std::int64_t{sqlite3_column_int64(statement, column)};
-    return std::string(reinterpret_cast<const char*>(sqlite3_column_text(statement, column)));
+    if (type == SQLITE_NULL) return cells.AddNull();
+    if (type == SQLITE_INTEGER) return cells.AddInteger(sqlite3_column_int64(statement, column));
+    cells.AddText(reinterpret_cast<const char*>(sqlite3_column_text(statement, column)));
   }
   sqlite3* FDatabase;
 };

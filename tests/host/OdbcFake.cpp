@@ -86,7 +86,7 @@ TOdbcAnswer TFakeOdbc::Run(const std::string& text) {
   FScripted.erase(scripted);
   if (found.Fails) throw found.Error;
   TOdbcAnswer answer{found.Columns, {}, 0};
-  for (const std::string& cell : found.Cells) answer.Cells.emplace_back(cell);
+  for (const std::string& cell : found.Cells) answer.Cells.AddText(cell);
   return answer;
 }
 

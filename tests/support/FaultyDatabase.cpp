@@ -36,10 +36,10 @@ void Run(TZANQuery& query, const TSentStatement& statement, const std::string& t
 
 void Copy(zanrole::TDataSet& from, zanrole::TDataSet& to) {
   std::vector<std::string> columns;
-  std::vector<TZanValue> cells;
+  zanrole::TZanCells cells;
   for (int i = 0; i < from.FieldCount(); ++i) columns.push_back(from.Field(i).Name());
   for (int row = 0; row < from.RowCount(); ++row)
-    for (int i = 0; i < from.FieldCount(); ++i) cells.push_back(from.At(row, i));
+    for (int i = 0; i < from.FieldCount(); ++i) cells.Add(from.At(row, i));
   to.Load(columns, std::move(cells));
 }
 

@@ -307,7 +307,8 @@ TWebServices& TRecordingHost::WebServices() { return FParts->WebServices; }
 TRecordingHost::TAnswer TRecordingHost::MakeAnswer(std::string_view part, std::vector<std::string> columns,
                                                    const std::vector<std::vector<TZanValue>>& rows) {
   TAnswer answer{Squeeze(part), std::move(columns), {}};
-  for (const auto& row : rows) answer.Cells.insert(answer.Cells.end(), row.begin(), row.end());
+  for (const auto& row : rows)
+    for (const TZanValue& value : row) answer.Cells.Add(value);
   return answer;
 }
 

@@ -92,7 +92,7 @@ class TRecordingHost : public zanrole::THostSession {
   struct TAnswer {
     std::string Part;
     std::vector<std::string> Columns;
-    std::vector<TZanValue> Cells;
+    zanrole::TZanCells Cells;
   };
   static TAnswer MakeAnswer(std::string_view part, std::vector<std::string> columns,
                             const std::vector<std::vector<TZanValue>>& rows);

@@ -8,6 +8,7 @@
 
 namespace zanhost {
 
+using zanrole::TZanCells;
 using zanrole::TZanValue;
 
 namespace {
@@ -19,19 +20,18 @@ std::string AdaptedText(const TStatementShape& shape, std::span<const TAdaptatio
 }
 
 /// Adds the next row of a result to the cells; false when there is none.
-bool ReadRow(MYSQL_RES& result, std::vector<TZanValue>& cells) {
+bool ReadRow(MYSQL_RES& result, TZanCells& cells) {
   const MYSQL_ROW row = mysql_fetch_row(&result);
   if (row == nullptr) return false;
   const unsigned long* const lengths = mysql_fetch_lengths(&result);
-  for (unsigned i = 0; i < result.field_count; ++i)
-    cells.push_back(row[i] != nullptr ? ReadCell(result.fields[i], row[i], lengths[i]) : TZanValue());
+  for (unsigned i = 0; i < result.field_count; ++i) AddCell(cells, result.fields[i], row[i], lengths[i]);
   return true;
 }
 
 /// All rows of a result that is here as a whole.
-std::vector<TZanValue> ReadRows(MYSQL_RES& result) {
-  std::vector<TZanValue> cells;
-  cells.reserve(result.field_count * static_cast<std::size_t>(mysql_num_rows(&result)));
+TZanCells ReadRows(MYSQL_RES& result) {
+  TZanCells cells;
+  cells.Reserve(result.field_count * static_cast<std::size_t>(mysql_num_rows(&result)));
   while (ReadRow(result, cells)) {
   }
   return cells;
@@ -125,13 +125,13 @@ void TMariaDbDatabase::ReadTextResult(TRun& run) {
   run.HasResult = true;
 }
 
-std::vector<TZanValue> TMariaDbDatabase::ReadRowsWithinLimits(MYSQL_RES& result) {
-  std::vector<TZanValue> cells;
+TZanCells TMariaDbDatabase::ReadRowsWithinLimits(MYSQL_RES& result) {
+  TZanCells cells;
   std::size_t bytes = 0;
   while (ReadRow(result, cells)) {
     const unsigned long* const lengths = mysql_fetch_lengths(&result);
     bytes += std::accumulate(lengths, lengths + result.field_count, std::size_t{0});
-    if (cells.size() > kRestrictedValues || bytes > kRestrictedBytes)
+    if (cells.Size() > kRestrictedValues || bytes > kRestrictedBytes)
       throw TMariaDbFault{"The statement was stopped: its result is too large.", "result too large"};
   }
   // The rows came from the server one by one, and it may have stopped.
@@ -174,7 +174,7 @@ void TMariaDbDatabase::ReadPreparedResult(TRun& run, MYSQL_STMT* statement) {
   if (metadata == nullptr) FConnection->Raise(statement);
   std::vector<std::string> columns;
   for (unsigned i = 0; i < metadata->field_count; ++i) columns.emplace_back(metadata->fields[i].name);
-  std::vector<TZanValue> cells;
+  TZanCells cells;
   if (!ReadRows(statement, *metadata, cells)) FConnection->Raise(statement);
   run.Result->Load(columns, std::move(cells));
   run.HasResult = true;

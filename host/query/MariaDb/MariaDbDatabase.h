@@ -83,7 +83,7 @@ class TMariaDbDatabase final : public TDatabase {
 
   void ExecuteText(TRun& run, const std::string& text);
   void ReadTextResult(TRun& run);
-  std::vector<zanrole::TZanValue> ReadRowsWithinLimits(MYSQL_RES& result);
+  zanrole::TZanCells ReadRowsWithinLimits(MYSQL_RES& result);
   void ReadPreparedResult(TRun& run, MYSQL_STMT* statement);
   void NoteSent(TRun& run, const std::string& text) const;
 

@@ -2,26 +2,40 @@
 
 #include <algorithm>
 #include <charconv>
+#include <optional>
 #include <string_view>
 
 #include "host/query/LiteralBinding.h"
 
 namespace zanhost {
 
+using zanrole::TZanCells;
 using zanrole::TZanValue;
 
 namespace {
 
-/// The text as a number; as it stands when the number is too large.
+/// The text as a number; nothing when the number is too large.
 template <typename TNumber>
-TZanValue NumberOf(std::string_view text) {
+std::optional<TNumber> NumberOf(std::string_view text) {
   TNumber number{};
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-  if (error != std::errc() || end != text.data() + text.size()) return std::string(text);
+  if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
   return number;
 }
 
-TZanValue BitsOf(std::string_view bytes) {
+// A number that is too large is added as it stands.
+
+void AddInteger(TZanCells& cells, std::string_view text) {
+  const auto number = NumberOf<std::int64_t>(text);
+  number ? cells.AddInteger(*number) : cells.AddText(text);
+}
+
+void AddReal(TZanCells& cells, std::string_view text) {
+  const auto number = NumberOf<double>(text);
+  number ? cells.AddReal(*number) : cells.AddText(text);
+}
+
+std::int64_t BitsOf(std::string_view bytes) {
   std::uint64_t bits = 0;
   for (const char byte : bytes) bits = bits << 8 | static_cast<unsigned char>(byte);
   return static_cast<std::int64_t>(bits);
@@ -35,7 +49,8 @@ void Point(MYSQL_BIND& bind, enum_field_types type, const void* value) {
 
 }  // namespace
 
-TZanValue ReadCell(const MYSQL_FIELD& field, const char* data, unsigned long length) {
+void AddCell(TZanCells& cells, const MYSQL_FIELD& field, const char* data, unsigned long length) {
+  if (data == nullptr) return cells.AddNull();
   const std::string_view text(data, length);
   switch (field.type) {
     case MYSQL_TYPE_TINY:
@@ -44,17 +59,17 @@ TZanValue ReadCell(const MYSQL_FIELD& field, const char* data, unsigned long len
     case MYSQL_TYPE_LONG:
     case MYSQL_TYPE_LONGLONG:
     case MYSQL_TYPE_YEAR:
-      return NumberOf<std::int64_t>(text);
+      return AddInteger(cells, text);
     case MYSQL_TYPE_DECIMAL:
     case MYSQL_TYPE_NEWDECIMAL:
-      return field.decimals == 0 ? NumberOf<std::int64_t>(text) : NumberOf<double>(text);
+      return field.decimals == 0 ? AddInteger(cells, text) : AddReal(cells, text);
     case MYSQL_TYPE_FLOAT:
     case MYSQL_TYPE_DOUBLE:
-      return NumberOf<double>(text);
+      return AddReal(cells, text);
     case MYSQL_TYPE_BIT:
-      return BitsOf(text);
+      return cells.AddInteger(BitsOf(text));
     default:
-      return std::string(text);
+      return cells.AddText(text);
   }
 }
 
@@ -91,7 +106,7 @@ void TMariaDbBinding::BindText(std::size_t marker, std::string_view text) {
   FBinds[marker].buffer_length = static_cast<unsigned long>(text.size());
 }
 
-bool ReadRows(MYSQL_STMT* statement, const MYSQL_RES& columns, std::vector<TZanValue>& cells) {
+bool ReadRows(MYSQL_STMT* statement, const MYSQL_RES& columns, TZanCells& cells) {
   constexpr unsigned long kRoomOfNumber = 64;
   // The cells are asked for one by one: the client refuses rows for a bound row when the table has got
   // another column since the statement was prepared.
@@ -109,7 +124,7 @@ bool ReadRows(MYSQL_STMT* statement, const MYSQL_RES& columns, std::vector<TZanV
       cell.length = &length;
       cell.is_null = &isNull;
       if (mysql_stmt_fetch_column(statement, &cell, i, 0) != 0) return false;
-      cells.push_back(isNull != 0 ? TZanValue() : ReadCell(columns.fields[i], text.data(), length));
+      AddCell(cells, columns.fields[i], isNull != 0 ? nullptr : text.data(), length);
     }
   }
   return state == MYSQL_NO_DATA;

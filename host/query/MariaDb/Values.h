@@ -11,9 +11,9 @@
 
 namespace zanhost {
 
-/// The value of a cell that the server gave as `length` bytes of text. Numbers become numbers; dates stay the
-/// texts that they are.
-zanrole::TZanValue ReadCell(const MYSQL_FIELD& field, const char* data, unsigned long length);
+/// Adds a cell that the server gave as `length` bytes of text; null data is a null. Numbers become numbers;
+/// dates stay the texts that they are.
+void AddCell(zanrole::TZanCells& cells, const MYSQL_FIELD& field, const char* data, unsigned long length);
 
 /// The values of a prepared statement's parameters, in the order of its markers. The values that are bound
 /// must outlive the run.
@@ -35,6 +35,6 @@ class TMariaDbBinding {
 
 /// Reads all rows of the result that a prepared statement stands on; false when the reading failed.
 /// REQUIRES: the result is stored at the client, with the greatest lengths of its columns.
-bool ReadRows(MYSQL_STMT* statement, const MYSQL_RES& columns, std::vector<zanrole::TZanValue>& cells);
+bool ReadRows(MYSQL_STMT* statement, const MYSQL_RES& columns, zanrole::TZanCells& cells);
 
 }  // namespace zanhost

@@ -10,7 +10,7 @@
 
 namespace zanhost {
 
-using zanrole::TZanValue;
+using zanrole::TZanCells;
 
 namespace {
 
@@ -39,17 +39,17 @@ bool IsBinary(SQLSMALLINT type) {
   return type == SQL_BINARY || type == SQL_VARBINARY || type == SQL_LONGVARBINARY;
 }
 
-/// An integer when it is written as one; as it stands when it is no number that fits.
-TZanValue NumberOf(const std::string& text) {
+/// Adds an integer when it is written as one; the text as it stands when it is no number that fits.
+void AddNumber(TZanCells& cells, const std::string& text) {
   const char* const end = text.data() + text.size();
   std::int64_t integer = 0;
   if (const auto read = std::from_chars(text.data(), end, integer); read.ec == std::errc() && read.ptr == end)
-    return integer;
+    return cells.AddInteger(integer);
   double fraction = 0;
   if (const auto read = std::from_chars(text.data(), end, fraction);
       read.ec == std::errc() && read.ptr == end)
-    return fraction;
-  return text;
+    return cells.AddReal(fraction);
+  cells.AddText(text);
 }
 
 std::string MomentText(const SQL_TIMESTAMP_STRUCT& moment) {
@@ -76,43 +76,47 @@ SQLRETURN TOdbcCells::Describe(std::vector<std::string>& names) {
   return SQL_SUCCESS;
 }
 
-SQLRETURN TOdbcCells::ReadRow(std::vector<TZanValue>& cells) {
+SQLRETURN TOdbcCells::ReadRow(TZanCells& cells) {
   for (SQLUSMALLINT column = 1; column <= FColumns; ++column) {
-    const SQLRETURN read = ReadCell(column, cells.emplace_back());
+    const SQLRETURN read = ReadCell(column, cells);
     if (!SQL_SUCCEEDED(read)) return read;
   }
   return SQL_SUCCESS;
 }
 
-SQLRETURN TOdbcCells::ReadCell(SQLUSMALLINT column, TZanValue& cell) {
+SQLRETURN TOdbcCells::ReadCell(SQLUSMALLINT column, TZanCells& cells) {
   const SQLSMALLINT type = FTypes[column - 1U];
-  if (type == SQL_TYPE_TIMESTAMP) return ReadMoment(column, cell);
-  if (type == SQL_BIT) return ReadBit(column, cell);
+  if (type == SQL_TYPE_TIMESTAMP) return ReadMoment(column, cells);
+  if (type == SQL_BIT) return ReadBit(column, cells);
   bool isNull = false;
   if (IsNumber(type) || IsBinary(type)) {
     const SQLRETURN read = ReadPieces(column, IsNumber(type) ? SQL_C_CHAR : SQL_C_BINARY, FBytes, isNull);
-    if (SQL_SUCCEEDED(read) && !isNull) cell = IsNumber(type) ? NumberOf(FBytes) : TZanValue(FBytes);
+    if (!SQL_SUCCEEDED(read)) return read;
+    if (isNull)
+      cells.AddNull();
+    else
+      IsNumber(type) ? AddNumber(cells, FBytes) : cells.AddText(FBytes);
     return read;
   }
   const SQLRETURN read = ReadPieces(column, SQL_C_WCHAR, FWide, isNull);
-  if (SQL_SUCCEEDED(read) && !isNull) cell = FromWide(FWide);
+  if (SQL_SUCCEEDED(read)) isNull ? cells.AddNull() : cells.AddText(FromWide(FWide));
   return read;
 }
 
-SQLRETURN TOdbcCells::ReadMoment(SQLUSMALLINT column, TZanValue& cell) {
+SQLRETURN TOdbcCells::ReadMoment(SQLUSMALLINT column, TZanCells& cells) {
   SQL_TIMESTAMP_STRUCT moment{};
   SQLLEN length = 0;
   const SQLRETURN read =
       SQLGetData(FStatement, column, SQL_C_TYPE_TIMESTAMP, &moment, sizeof(moment), &length);
-  if (SQL_SUCCEEDED(read) && length != SQL_NULL_DATA) cell = MomentText(moment);
+  if (SQL_SUCCEEDED(read)) length == SQL_NULL_DATA ? cells.AddNull() : cells.AddText(MomentText(moment));
   return read;
 }
 
-SQLRETURN TOdbcCells::ReadBit(SQLUSMALLINT column, TZanValue& cell) {
+SQLRETURN TOdbcCells::ReadBit(SQLUSMALLINT column, TZanCells& cells) {
   unsigned char bit = 0;
   SQLLEN length = 0;
   const SQLRETURN read = SQLGetData(FStatement, column, SQL_C_BIT, &bit, sizeof(bit), &length);
-  if (SQL_SUCCEEDED(read) && length != SQL_NULL_DATA) cell = std::int64_t{bit};
+  if (SQL_SUCCEEDED(read)) length == SQL_NULL_DATA ? cells.AddNull() : cells.AddInteger(bit);
   return read;
 }
 

@@ -20,12 +20,13 @@ class TOdbcCells {
   /// Reads names and types of the columns.
   SQLRETURN Describe(std::vector<std::string>& names);
   /// Adds the cells of the current row. REQUIRES: Describe succeeded.
-  SQLRETURN ReadRow(std::vector<zanrole::TZanValue>& cells);
+  SQLRETURN ReadRow(zanrole::TZanCells& cells);
 
  private:
-  SQLRETURN ReadCell(SQLUSMALLINT column, zanrole::TZanValue& cell);
-  SQLRETURN ReadMoment(SQLUSMALLINT column, zanrole::TZanValue& cell);
-  SQLRETURN ReadBit(SQLUSMALLINT column, zanrole::TZanValue& cell);
+  // Each adds the cell when it could be read.
+  SQLRETURN ReadCell(SQLUSMALLINT column, zanrole::TZanCells& cells);
+  SQLRETURN ReadMoment(SQLUSMALLINT column, zanrole::TZanCells& cells);
+  SQLRETURN ReadBit(SQLUSMALLINT column, zanrole::TZanCells& cells);
   /// Reads a cell piece by piece into `whole`; a piece may end inside a character. `isNull` tells of a null.
   template <typename TUnit>
   SQLRETURN ReadPieces(SQLUSMALLINT column, SQLSMALLINT type, std::basic_string<TUnit>& whole, bool& isNull);

@@ -70,9 +70,9 @@ TTextRows TOdbcConnection::Ask(const std::string& text) {
   const TTokens tokens = Tokenize(text);
   while (FServer->MayHaveSeveralAnswers(tokens) && statement->NextAnswer()) statement->ReadAnswer(false);
   TTextRows rows;
-  for (std::size_t cell = 0; cell < answer.Cells.size(); ++cell) {
+  for (std::size_t cell = 0; cell < answer.Cells.Size(); ++cell) {
     if (cell % answer.Columns.size() == 0) rows.emplace_back();
-    rows.back().push_back(zanrole::ValueAsString(answer.Cells[cell]));
+    rows.back().push_back(answer.Cells.AsString(cell));
   }
   return rows;
 }

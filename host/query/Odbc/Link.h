@@ -21,7 +21,7 @@ struct TOdbcError {
 /// One answer of a statement: a result, or a count of rows that were changed.
 struct TOdbcAnswer {
   std::vector<std::string> Columns;  ///< empty for a count
-  std::vector<zanrole::TZanValue> Cells;
+  zanrole::TZanCells Cells;
   std::int64_t Changed = 0;
 };
 

@@ -109,25 +109,22 @@ int BindLiteral(const TBinder& binder, const TToken& literal) {
   return binder.BindText(LiteralContent(literal), SQLITE_TRANSIENT);
 }
 
-TZanValue ReadCell(sqlite3_stmt* statement, int column) {
-  switch (sqlite3_column_type(statement, column)) {
+void AddCell(zanrole::TZanCells& cells, sqlite3_stmt* statement, int column) {
+  // Reading it in parts would take a lock each time, though one thread alone uses the connection.
+  sqlite3_value* const value = sqlite3_column_value(statement, column);
+  switch (sqlite3_value_type(value)) {
     case SQLITE_INTEGER:
-      return std::int64_t{sqlite3_column_int64(statement, column)};
+      return cells.AddInteger(sqlite3_value_int64(value));
     case SQLITE_FLOAT:
-      return sqlite3_column_double(statement, column);
+      return cells.AddReal(sqlite3_value_double(value));
     case SQLITE_NULL:
-      return std::monostate{};
+      return cells.AddNull();
     default:
       break;
   }
-  const auto* data = static_cast<const char*>(sqlite3_column_blob(statement, column));
-  return std::string(data != nullptr ? data : "",
-                     static_cast<std::size_t>(sqlite3_column_bytes(statement, column)));
-}
-
-std::size_t TextSize(const TZanValue& value) {
-  const auto* text = std::get_if<std::string>(&value);
-  return text != nullptr ? text->size() : 0;
+  const auto* data = static_cast<const char*>(sqlite3_value_blob(value));
+  const auto size = static_cast<std::size_t>(sqlite3_value_bytes(value));
+  cells.AddText({data != nullptr ? data : "", size});
 }
 
 /// Room for the values of most results.
@@ -162,18 +159,15 @@ void TSqliteDatabase::Bind(TSqlitePrepared& statement, zanrole::TZANQuery& query
 
 void TSqliteDatabase::ReadResult(TRun& run, TSqlitePrepared& statement) {
   sqlite3_stmt* const handle = statement.Handle.get();
-  std::vector<TZanValue> cells;
-  cells.reserve(kUsualValues);
-  std::size_t bytes = 0;
+  zanrole::TZanCells cells;
+  cells.Reserve(kUsualValues);
   bool row = FConnection.Step(handle);
   RefreshColumns(statement);
   const int columns = static_cast<int>(statement.Columns.size());
   for (; row; row = FConnection.Step(handle)) {
-    for (int column = 0; column < columns; ++column) {
-      cells.push_back(ReadCell(handle, column));
-      bytes += TextSize(cells.back());
-    }
-    if (cells.size() > FConnection.Limits().ResultValues || bytes > FConnection.Limits().ResultBytes)
+    for (int column = 0; column < columns; ++column) AddCell(cells, handle, column);
+    if (cells.Size() > FConnection.Limits().ResultValues ||
+        cells.TextBytes() > FConnection.Limits().ResultBytes)
       throw TSqliteFault{
           "The statement was stopped: its result is too large, or it follows a loop in the data.",
           "result too large"};

@@ -67,8 +67,8 @@ void TDataSetList::Sort() {
 
 bool TDataSetList::ComesBefore(int row, int otherRow) const {
   const auto column = static_cast<std::size_t>(FList.SortColumn);
-  const TZanValue& value = FRows.At(row, FFieldOfColumn[column]);
-  const TZanValue& other = FRows.At(otherRow, FFieldOfColumn[column]);
+  const TZanValue value = FRows.At(row, FFieldOfColumn[column]);
+  const TZanValue other = FRows.At(otherRow, FFieldOfColumn[column]);
   const auto* number = std::get_if<std::int64_t>(&value);
   const auto* otherNumber = std::get_if<std::int64_t>(&other);
   if (number != nullptr && otherNumber != nullptr) return *number < *otherNumber;

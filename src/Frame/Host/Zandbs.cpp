@@ -1,94 +1,14 @@
 #include "Frame/Host/Zandbs.h"
 
-#include <charconv>
-#include <cmath>
-#include <limits>
-
 namespace zanrole {
-
-namespace {
-
-template <typename... Visitors>
-struct TOverload : Visitors... {
-  using Visitors::operator()...;
-};
-template <typename... Visitors>
-TOverload(Visitors...) -> TOverload<Visitors...>;
-
-std::string DoubleToText(double number) {
-  char text[32];
-  const auto [end, error] = std::to_chars(text, text + sizeof text, number);
-  return {text, end};
-}
-
-[[noreturn]] void RaiseNoInteger(const std::string& text) {
-  throw EConvertError("'" + text + "' is not a valid integer");
-}
-
-int NarrowToInteger(std::int64_t value) {
-  if (value < std::numeric_limits<int>::min() || value > std::numeric_limits<int>::max())
-    RaiseNoInteger(std::to_string(value));
-  return static_cast<int>(value);
-}
-
-/// The fraction is cut off.
-int NarrowToInteger(double value) {
-  const double whole = std::trunc(value);
-  const bool fits = whole >= std::numeric_limits<int>::min() && whole <= std::numeric_limits<int>::max();
-  if (!fits) RaiseNoInteger(DoubleToText(value));
-  return static_cast<int>(whole);
-}
-
-const TZanValue kNull;
-
-}  // namespace
-
-std::string ValueAsString(const TZanValue& value) {
-  return std::visit(
-      TOverload{[](std::monostate) { return std::string(); },
-                [](std::int64_t number) { return std::to_string(number); },
-                [](double number) { return DoubleToText(number); },
-                [](bool truth) { return BoolToStr(truth); }, [](const std::string& text) { return text; },
-                [](TDateTime time) { return DateTimeToText(time); }},
-      value);
-}
-
-int ValueAsInteger(const TZanValue& value) {
-  return std::visit(
-      TOverload{[](std::monostate) { return 0; }, [](std::int64_t number) { return NarrowToInteger(number); },
-                [](double number) { return NarrowToInteger(number); },
-                [](bool truth) { return truth ? 1 : 0; },
-                [](const std::string& text) { return text.empty() ? 0 : StrToInt(text); },
-                [](TDateTime time) -> int { RaiseNoInteger(DateTimeToText(time)); }},
-      value);
-}
-
-bool ValueAsBoolean(const TZanValue& value) {
-  return std::visit(
-      TOverload{[](std::monostate) { return false; }, [](std::int64_t number) { return number != 0; },
-                [](double number) { return number != 0; }, [](bool truth) { return truth; },
-                [](const std::string& text) { return !text.empty() && StrToBool(text); },
-                [](TDateTime) { return true; }},
-      value);
-}
-
-TDateTime ValueAsDateTime(const TZanValue& value) {
-  if (const auto* time = std::get_if<TDateTime>(&value)) return *time;
-  if (std::holds_alternative<std::monostate>(value)) return {};
-  return TextToDateTime(ValueAsString(value));
-}
 
 EDatabaseError::EDatabaseError(std::string message, std::string statement)
     : EZanError(statement.empty() ? message : message + "\n" + statement),
       FMessage(std::move(message)),
       FStatement(std::move(statement)) {}
 
-const TZanValue& TField::Value() const {
-  return FOwner->Eof() ? kNull : FOwner->FCells[FOwner->Cell(FOwner->FRow, FIndex)];
-}
-
-void TField::SetValue(TZanValue value) {
-  if (!FOwner->Eof()) FOwner->FCells[FOwner->Cell(FOwner->FRow, FIndex)] = std::move(value);
+void TField::SetValue(const TZanValue& value) {
+  if (!FOwner->Eof()) FOwner->FCells.Set(Cell(), value);
 }
 
 TDataSet::TDataSet(std::initializer_list<std::string_view> columns) {
@@ -97,17 +17,17 @@ TDataSet::TDataSet(std::initializer_list<std::string_view> columns) {
 
 void TDataSet::Close() {
   FFields.clear();
-  FCells.clear();
-  FRow = 0;
+  EmptyTable();
   FActive = false;
 }
 
-void TDataSet::Load(const std::vector<std::string>& columns, std::vector<TZanValue> cells) {
+void TDataSet::Load(const std::vector<std::string>& columns, TZanCells cells) {
   Close();
   FFields.reserve(columns.size());
   for (const std::string& column : columns)
     FFields.emplace_back(*this, static_cast<int>(FFields.size()), column);
   FCells = std::move(cells);
+  FRowCount = columns.empty() ? 0 : static_cast<int>(FCells.Size() / columns.size());
   FActive = true;
 }
 
@@ -128,11 +48,7 @@ int TDataSet::FieldIndex(std::string_view name) const {
   return -1;
 }
 
-std::size_t TDataSet::Cell(int row, int field) const {
-  return static_cast<std::size_t>(row) * FFields.size() + static_cast<std::size_t>(field);
-}
-
-const TZanValue& TDataSet::At(int row, int field) const { return FCells[Cell(row, field)]; }
+TZanValue TDataSet::At(int row, int field) const { return FCells.At(Cell(row, field)); }
 
 bool TDataSet::Locate(std::string_view fields, const std::vector<TZanValue>& values) {
   std::vector<int> columns;
@@ -143,7 +59,7 @@ bool TDataSet::Locate(std::string_view fields, const std::vector<TZanValue>& val
   }
   const auto matches = [&](int row) {
     for (std::size_t i = 0; i < columns.size(); ++i) {
-      const TZanValue& cell = At(row, columns[i]);
+      const TZanValue cell = At(row, columns[i]);
       if (cell.index() == values[i].index() ? cell != values[i]
                                             : ValueAsString(cell) != ValueAsString(values[i]))
         return false;
@@ -160,19 +76,19 @@ bool TDataSet::Locate(std::string_view fields, const std::vector<TZanValue>& val
 }
 
 void TDataSet::Append() {
-  const int row = RowCount();
-  FCells.resize(FCells.size() + FFields.size());
-  FRow = row;
+  for (std::size_t i = 0; i < FFields.size(); ++i) FCells.AddNull();
+  FRow = FRowCount++;
 }
 
 void TDataSet::Delete() {
   if (Eof()) return;
-  const auto first = FCells.begin() + static_cast<std::ptrdiff_t>(Cell(FRow, 0));
-  FCells.erase(first, first + static_cast<std::ptrdiff_t>(FFields.size()));
+  FCells.Erase(Cell(FRow, 0), FFields.size());
+  --FRowCount;
 }
 
 void TDataSet::EmptyTable() {
-  FCells.clear();
+  FCells = {};
+  FRowCount = 0;
   FRow = 0;
 }
 

@@ -4,22 +4,12 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <variant>
 #include <vector>
 
 #include "Frame/Host/Classes.h"
+#include "Frame/Host/ZanValues.h"
 
 namespace zanrole {
-
-/// A value of a column or parameter. `std::monostate` is null; texts are UTF-8.
-using TZanValue = std::variant<std::monostate, std::int64_t, double, bool, std::string, TDateTime>;
-
-/// Conversions that fields and parameters share. A null reads as 0, false, empty text or the epoch.
-/// Each raises EConvertError for a value that is not of the type, or does not fit it.
-ZAN_EXPORT std::string ValueAsString(const TZanValue& value);
-ZAN_EXPORT int ValueAsInteger(const TZanValue& value);
-ZAN_EXPORT bool ValueAsBoolean(const TZanValue& value);
-ZAN_EXPORT TDateTime ValueAsDateTime(const TZanValue& value);
 
 /// A statement failed, or could not be sent. `what()` is the engine's message, then the statement.
 class ZAN_EXPORT EDatabaseError : public EZanError {
@@ -47,17 +37,19 @@ class ZAN_EXPORT TField {
 
   const std::string& Name() const { return FName; }
   /// REQUIRES of all below: the data set stands on a row; otherwise the value reads as null.
-  const TZanValue& Value() const;
-  bool IsNull() const { return std::holds_alternative<std::monostate>(Value()); }
-  std::string AsString() const { return ValueAsString(Value()); }
-  int AsInteger() const { return ValueAsInteger(Value()); }
-  bool AsBoolean() const { return ValueAsBoolean(Value()); }
-  TDateTime AsDateTime() const { return ValueAsDateTime(Value()); }
+  TZanValue Value() const;
+  bool IsNull() const;
+  std::string AsString() const;
+  int AsInteger() const;
+  bool AsBoolean() const;
+  TDateTime AsDateTime() const;
   /// Writes the current row of a working copy. Does nothing off a row.
-  void SetValue(TZanValue value);
+  void SetValue(const TZanValue& value);
 
  private:
   friend class TDataSet;
+  /// Of the current row, among the cells of the data set.
+  std::size_t Cell() const;
   TDataSet* FOwner;
   int FIndex;
   std::string FName;
@@ -77,12 +69,12 @@ class ZAN_EXPORT TDataSet {
   /// Drops rows and columns.
   void Close();
   /// Replaces everything by these columns and `cells`, row after row, and stands on the first row.
-  /// REQUIRES: cells.size() is a multiple of columns.size().
-  void Load(const std::vector<std::string>& columns, std::vector<TZanValue> cells);
+  /// REQUIRES: cells.Size() is a multiple of columns.size().
+  void Load(const std::vector<std::string>& columns, TZanCells cells);
 
-  bool Eof() const { return FRow >= RowCount(); }
-  bool IsEmpty() const { return RowCount() == 0; }
-  int RowCount() const { return FFields.empty() ? 0 : static_cast<int>(FCells.size() / FFields.size()); }
+  bool Eof() const { return FRow >= FRowCount; }
+  bool IsEmpty() const { return FRowCount == 0; }
+  int RowCount() const { return FRowCount; }
   /// The current row, 0-based; RowCount() past the last.
   int Row() const { return FRow; }
   /// REQUIRES: 0 <= row <= RowCount().
@@ -105,7 +97,7 @@ class ZAN_EXPORT TDataSet {
   /// absent raises EDatabaseError. REQUIRES: one value for each name.
   bool Locate(std::string_view fields, const std::vector<TZanValue>& values);
   /// Value at a place without moving. REQUIRES: the place exists.
-  const TZanValue& At(int row, int field) const;
+  TZanValue At(int row, int field) const;
 
   /// Adds a row of nulls behind the last and stands on it.
   void Append();
@@ -125,10 +117,27 @@ class ZAN_EXPORT TDataSet {
   int FieldIndex(std::string_view name) const;
 
   std::vector<TField> FFields;
-  std::vector<TZanValue> FCells;
+  TZanCells FCells;
+  int FRowCount = 0;
   int FRow = 0;
   bool FActive = false;
 };
+
+// What is called for each value that is read.
+inline std::size_t TDataSet::Cell(int row, int field) const {
+  return static_cast<std::size_t>(row) * FFields.size() + static_cast<std::size_t>(field);
+}
+inline std::size_t TField::Cell() const { return FOwner->Cell(FOwner->FRow, FIndex); }
+inline TZanValue TField::Value() const { return FOwner->Eof() ? TZanValue() : FOwner->FCells.At(Cell()); }
+inline bool TField::IsNull() const { return FOwner->Eof() || FOwner->FCells.IsNull(Cell()); }
+inline std::string TField::AsString() const {
+  return FOwner->Eof() ? std::string() : FOwner->FCells.AsString(Cell());
+}
+inline int TField::AsInteger() const { return FOwner->Eof() ? 0 : FOwner->FCells.AsInteger(Cell()); }
+inline bool TField::AsBoolean() const { return !FOwner->Eof() && FOwner->FCells.AsBoolean(Cell()); }
+inline TDateTime TField::AsDateTime() const {
+  return FOwner->Eof() ? TDateTime() : FOwner->FCells.AsDateTime(Cell());
+}
 
 /// One named parameter of a statement. A parameter that was never set is null.
 class ZAN_EXPORT TParam {

@@ -60,6 +60,65 @@ TEST(DataSet, AppendsChangesAndDeletesRows) {
   EXPECT_TRUE(data.Active());
 }
 
+/// One of each type; texts that are empty, hold a zero byte, or are longer than others.
+const std::vector<TZanValue>& SomeValues() {
+  static const std::vector<TZanValue> values{{},      std::int64_t{-1} << 62,
+                                             2.5,     true,
+                                             false,   ""s,
+                                             "a\0b"s, std::string(1000, 'x'),
+                                             "域"s,   TDateTime(std::chrono::milliseconds(-1500))};
+  return values;
+}
+
+TEST(Cells, GiveBackValuesOfEachType) {
+  TZanCells cells;
+  for (const TZanValue& value : SomeValues()) cells.Add(value);
+  ASSERT_EQ(cells.Size(), SomeValues().size());
+  for (std::size_t i = 0; i < cells.Size(); ++i) {
+    const TZanValue& value = SomeValues()[i];
+    EXPECT_EQ(cells.At(i), value) << i;
+    EXPECT_EQ(cells.IsNull(i), std::holds_alternative<std::monostate>(value)) << i;
+    EXPECT_EQ(cells.AsString(i), ValueAsString(value)) << i;
+  }
+}
+
+TEST(Cells, HoldOtherValuesAfterAChange) {
+  TZanCells cells;
+  for (const TZanValue& value : SomeValues()) cells.Add(value);
+  for (std::size_t i = 0; i < cells.Size(); ++i) cells.Set(i, SomeValues()[cells.Size() - 1 - i]);
+  for (std::size_t i = 0; i < cells.Size(); ++i) EXPECT_EQ(cells.At(i), SomeValues()[cells.Size() - 1 - i]);
+  cells.Erase(1, cells.Size() - 2);
+  ASSERT_EQ(cells.Size(), 2U);
+  EXPECT_EQ(cells.At(0), SomeValues().back());
+  EXPECT_EQ(cells.At(1), SomeValues().front());
+}
+
+TEST(Cells, ReadAsTheTypeThatIsAsked) {
+  const TZanCells cells{{}, std::int64_t{7}, "-1"s, 2.9, "2020-02-29 12:30:00"s};
+  EXPECT_EQ(cells.AsInteger(0), 0);
+  EXPECT_EQ(cells.AsInteger(1), 7);
+  EXPECT_EQ(cells.AsInteger(2), -1);
+  EXPECT_EQ(cells.AsInteger(3), 2);
+  EXPECT_FALSE(cells.AsBoolean(0));
+  EXPECT_TRUE(cells.AsBoolean(2));
+  EXPECT_EQ(cells.AsDateTime(4), TextToDateTime("2020-02-29 12:30:00"));
+  EXPECT_THROW(cells.AsInteger(4), EConvertError);
+}
+
+TEST(DataSet, AFieldOffARowReadsAsNullAndTakesNothing) {
+  TDataSet data;
+  Fill(data);
+  data.GoTo(data.RowCount());
+  TField& id = data.FieldByName("ID");
+  id.SetValue(std::int64_t{9});
+  EXPECT_TRUE(id.IsNull());
+  EXPECT_EQ(id.Value(), TZanValue());
+  EXPECT_EQ(id.AsInteger(), 0);
+  EXPECT_EQ(id.AsString(), "");
+  EXPECT_FALSE(id.AsBoolean());
+  EXPECT_EQ(id.AsDateTime(), TDateTime());
+}
+
 TEST(Params, AreTakenFromTheTextOutsideQuotesBracketsAndComments) {
   TParams params;
   params.Refill(
