@@ -1,5 +1,6 @@
 #include "Role/EffectiveRights.h"
 
+#include <algorithm>
 #include <bit>
 
 namespace zanrole {
@@ -29,7 +30,12 @@ constexpr auto kEffective = [] {
   return table;
 }();
 
-constexpr std::size_t kFirstSlots = 64;
+constexpr std::size_t kFewestSlots = 64;
+
+/// So many that they are filled by no more than three quarters.
+std::size_t SlotsFor(std::size_t pairs) {
+  return std::max(std::bit_ceil(pairs + pairs / 3 + 1), kFewestSlots);
+}
 
 }  // namespace
 
@@ -47,14 +53,29 @@ void TEffectiveRights::Clear() {
   FCount = 0;
 }
 
+void TEffectiveRights::Reserve(std::size_t rights) {
+  if (const std::size_t slots = SlotsFor(FCount + rights); slots > FSlots.size()) Resize(slots);
+}
+
+TSetRight TEffectiveRights::FindOwn(int objectID, std::string_view oprate) const {
+  return RightAt(SlotFor(objectID, oprate), kOwnShift);
+}
+
+TSetRight TEffectiveRights::FindOfRoles(int objectID, std::string_view oprate) const {
+  return RightAt(SlotFor(objectID, oprate), kRolesShift);
+}
+
 TSetRight TEffectiveRights::Find(int objectID, std::string_view oprate) const {
+  return kEffective[SlotFor(objectID, oprate) & (kEffective.size() - 1)];
+}
+
+std::uint64_t TEffectiveRights::SlotFor(int objectID, std::string_view oprate) const {
   const std::uint32_t word = FWords.Find(oprate);
-  if (word == TWordNumbers::NoWord) return TSetRight::NotSet;
-  return kEffective[FSlots[SlotOf(PairOf(objectID, word))] & (kEffective.size() - 1)];
+  return word == TWordNumbers::NoWord ? 0 : FSlots[SlotOf(PairOf(objectID, word))];
 }
 
 void TEffectiveRights::Add(int objectID, std::string_view oprate, int shift, bool allowed) {
-  if ((FCount + 1) * 4 > FSlots.size() * 3) Grow();
+  Reserve(1);
   const std::uint64_t pair = PairOf(objectID, FWords.Add(oprate));
   std::uint64_t& slot = FSlots[SlotOf(pair)];
   if (slot == 0) {
@@ -74,8 +95,8 @@ std::size_t TEffectiveRights::SlotOf(std::uint64_t pair) const {
   return at;
 }
 
-void TEffectiveRights::Grow() {
-  std::vector<std::uint64_t> before(FSlots.empty() ? kFirstSlots : FSlots.size() * 2);
+void TEffectiveRights::Resize(std::size_t slots) {
+  std::vector<std::uint64_t> before(slots);
   before.swap(FSlots);
   for (const std::uint64_t slot : before)
     if (slot != 0) FSlots[SlotOf(slot >> kRightBits)] = slot;

@@ -28,22 +28,30 @@ constexpr TSetRight EffectiveRight(TSetRight own, TSetRight ofRoles) {
   return RolesDecide(own, ofRoles) ? ofRoles : own;
 }
 
-/// The effective rights of one holder. A pair of object and operation with what is set for it is one number,
-/// so that a question costs the same for a hundred rights and for a hundred thousand.
+/// The rights of one holder: his own, those of his roles, and what follows from both. A pair of object and
+/// operation with what is set for it is one number, so that a question costs the same for a hundred rights
+/// and for a hundred thousand.
 class TEffectiveRights {
  public:
   /// Of several rights of a holder's own, or of his roles, for one pair the first counts.
   void AddOwn(int objectID, std::string_view oprate, bool allowed);
   void AddOfRoles(int objectID, std::string_view oprate, bool allowed);
+  /// Makes room for so many more rights.
+  void Reserve(std::size_t rights);
   void Clear();
 
+  TSetRight FindOwn(int objectID, std::string_view oprate) const;
+  TSetRight FindOfRoles(int objectID, std::string_view oprate) const;
   /// The effective right of the holder.
   TSetRight Find(int objectID, std::string_view oprate) const;
 
  private:
   void Add(int objectID, std::string_view oprate, int shift, bool allowed);
+  /// What is set for a pair, with or without the pair itself.
+  std::uint64_t SlotFor(int objectID, std::string_view oprate) const;
   std::size_t SlotOf(std::uint64_t pair) const;
-  void Grow();
+  /// REQUIRES: a power of two, more than there are pairs.
+  void Resize(std::size_t slots);
 
   TWordNumbers FWords;
   /// The pair, and in the lowest bits what is set; 0 for a free slot. Their number is a power of two, never

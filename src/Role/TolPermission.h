@@ -138,10 +138,7 @@ class ZAN_EXPORT TTolPermission {
   /// Rights that were changed by SetPermission since the holder was read.
   TMyPerHash FHash;
   /// Rights of the holder's roles, and his own.
-  TMyPerHash FGroupsPer;
-  TMyPerHash FSelfPer;
-  /// What follows from both.
-  TEffectiveRights FEffective;
+  TEffectiveRights FRights;
   /// The record of the login; it outlives the session.
   const TSystemInfo* FSystemInfo;
   /// Answers of LoadPermissionList by object.

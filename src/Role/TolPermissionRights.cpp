@@ -11,7 +11,6 @@ namespace zanrole {
 namespace {
 
 constexpr std::string_view kAllowed = WordOf(TSetRight::Allowed);
-constexpr std::string_view kDenied = WordOf(TSetRight::Denied);
 
 // clang-format off
 constexpr const char* kOwnRights = "Select * From STPermission Where UserID = %d";
@@ -40,27 +39,20 @@ constexpr const char* kDeleteRight =
     "delete from stpermission where UserID=:UserID and ObjectID=:ObjectID and Oprate=:Oprate";
 // clang-format on
 
-/// `addEffective(objectID, oprate, allowed)` is called for each row.
-template <typename TAddEffective>
-void ReadRights(TZANQuery& query, std::string_view statement, TMyPerHash& rights,
-                const TAddEffective& addEffective) {
+/// `add` takes each right of the result.
+void ReadRights(TZANQuery& query, std::string_view statement, TEffectiveRights& rights,
+                void (TEffectiveRights::*add)(int objectID, std::string_view oprate, bool allowed)) {
   OpenStatement(query, statement);
-  rights.Clear();
   if (!query.Eof()) {
+    rights.Reserve(static_cast<std::size_t>(query.DataSet().RowCount()));
     TField& objectID = query.FieldByName("ObjectID");
     TField& oprate = query.FieldByName("Oprate");
     TField& permission = query.FieldByName("Permission");
-    for (; !query.Eof(); query.Next()) {
-      const bool allowed = permission.AsInteger() != 0;
-      const TRightDef& right = rights.Add(
-          {objectID.AsInteger(), oprate.AsString(), false, std::string(allowed ? kAllowed : kDenied)});
-      addEffective(right.ObjectID, right.Oprate, allowed);
-    }
+    for (; !query.Eof(); query.Next())
+      (rights.*add)(objectID.AsInteger(), oprate.AsString(), permission.AsInteger() != 0);
   }
   query.Close();
 }
-
-std::string RightOf(const TRightDef* right) { return right == nullptr ? std::string() : right->ExcRight; }
 
 }  // namespace
 
@@ -93,11 +85,9 @@ void TTolPermission::SetUserStr() {
 }
 
 void TTolPermission::LoadAllPermissions() {
-  FEffective.Clear();
-  ReadRights(*FPerQuery, Format(kOwnRights, {FUserID}), FSelfPer,
-             [this](const auto&... right) { FEffective.AddOwn(right...); });
-  ReadRights(*FPerQuery, Format(kRightsOfRoles, {FUserID}), FGroupsPer,
-             [this](const auto&... right) { FEffective.AddOfRoles(right...); });
+  FRights.Clear();
+  ReadRights(*FPerQuery, Format(kOwnRights, {FUserID}), FRights, &TEffectiveRights::AddOwn);
+  ReadRights(*FPerQuery, Format(kRightsOfRoles, {FUserID}), FRights, &TEffectiveRights::AddOfRoles);
 }
 
 int TTolPermission::GetGroupCount() {
@@ -113,22 +103,19 @@ int TTolPermission::GetGroupIDs(int index) {
 void TTolPermission::Clear() {
   FHash.Clear();
   FGroupList.clear();
-  FGroupsPer.Clear();
-  FSelfPer.Clear();
-  FEffective.Clear();
+  FRights.Clear();
 }
 
 std::string TTolPermission::GetPermission(int objectID, std::string_view oprate) const {
-  return std::string(FSystemInfo->IsSuperUser ? kAllowed : WordOf(FEffective.Find(objectID, oprate)));
+  return std::string(FSystemInfo->IsSuperUser ? kAllowed : WordOf(FRights.Find(objectID, oprate)));
 }
 
 std::string TTolPermission::GetUserSelfPermission(int objectID, std::string_view oprate) const {
-  if (FSystemInfo->IsSuperUser) return std::string(kAllowed);
-  return RightOf(FSelfPer.FindData(objectID, oprate));
+  return std::string(FSystemInfo->IsSuperUser ? kAllowed : WordOf(FRights.FindOwn(objectID, oprate)));
 }
 
 std::string TTolPermission::GetGroupsPermission(int objectID, std::string_view oprate) const {
-  return RightOf(FGroupsPer.FindData(objectID, oprate));
+  return std::string(WordOf(FRights.FindOfRoles(objectID, oprate)));
 }
 
 void TTolPermission::SetPermission(int objectID, std::string_view oprate, bool allow) {

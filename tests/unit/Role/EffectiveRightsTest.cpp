@@ -27,6 +27,19 @@ TEST(EffectiveRights, FollowFromTheOwnRightAndThatOfTheRoles) {
   EXPECT_EQ(rights.Find(1, "删除"), TSetRight::NotSet);
 }
 
+TEST(EffectiveRights, AreKeptApartByWhereTheyComeFrom) {
+  TEffectiveRights rights;
+  rights.AddOwn(1, "打印", true);
+  rights.AddOfRoles(1, "打印", false);
+  rights.AddOfRoles(2, "打印", true);
+  EXPECT_EQ(rights.FindOwn(1, "打印"), TSetRight::Allowed);
+  EXPECT_EQ(rights.FindOfRoles(1, "打印"), TSetRight::Denied);
+  EXPECT_EQ(rights.FindOwn(2, "打印"), TSetRight::NotSet);
+  EXPECT_EQ(rights.FindOfRoles(2, "打印"), TSetRight::Allowed);
+  EXPECT_EQ(rights.FindOwn(3, "打印"), TSetRight::NotSet);
+  EXPECT_EQ(rights.FindOfRoles(1, "删除"), TSetRight::NotSet);
+}
+
 TEST(EffectiveRights, TheFirstOfDoublesCounts) {
   TEffectiveRights rights;
   rights.AddOwn(1, "打印", true);
@@ -67,6 +80,7 @@ TEST(EffectiveRights, AgreeWithAPlainTableOnAnyData) {
   std::map<std::pair<int, std::string>, TPlain> plain;
   TEffectiveRights rights;
   for (int i = 0; i < 20000; ++i) {
+    if (i % 5000 == 0) rights.Reserve(random() % 10000);
     const int object = anyObject(random);
     const std::string& word = words[anyWord(random)];
     const bool allowed = random() % 3 != 0;
@@ -80,6 +94,8 @@ TEST(EffectiveRights, AgreeWithAPlainTableOnAnyData) {
     for (const std::string& word : words) {
       const auto found = plain.find({object, word});
       const TPlain pair = found == plain.end() ? TPlain{} : found->second;
+      ASSERT_EQ(rights.FindOwn(object, word), pair.Own) << object << " " << word;
+      ASSERT_EQ(rights.FindOfRoles(object, word), pair.OfRoles) << object << " " << word;
       const bool roleDecides = pair.OfRoles == TSetRight::Denied || pair.Own == TSetRight::NotSet;
       ASSERT_EQ(rights.Find(object, word), roleDecides ? pair.OfRoles : pair.Own) << object << " " << word;
     }
