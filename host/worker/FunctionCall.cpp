@@ -43,7 +43,7 @@ TCallOutcome CallFunction(THostFuncManager& manager, std::string_view name, cons
   TCallOutcome outcome;
   outcome.Undeclared = Fill(info.InParams, inputs);
   outcome.Result = THostFuncManager::Execute(function, info, /*style*/ 0);
-  for (const TFuncParam& out : info.OutParams) outcome.Out.emplace_back(out.Name, out.Value);
+  for (TFuncParam& out : info.OutParams) outcome.Out.emplace_back(std::move(out.Name), std::move(out.Value));
   return outcome;
 }
 

@@ -1,5 +1,7 @@
 #include "Frame/Commlib.h"
 
+#include <algorithm>
+
 #include "Frame/Session.h"
 
 namespace zanrole {
@@ -7,6 +9,9 @@ namespace zanrole {
 namespace {
 
 TResourceStrings& Resources() { return TSession::Current().Host().Resources(); }
+
+/// Most arguments are shorter.
+constexpr std::size_t kRoomOfArg = 16;
 
 std::string ArgText(const TFormatArg& arg, char kind, std::string_view format) {
   if (kind == 's' && std::holds_alternative<std::string_view>(arg))
@@ -20,13 +25,13 @@ std::string ArgText(const TFormatArg& arg, char kind, std::string_view format) {
 
 std::string Format(std::string_view format, std::initializer_list<TFormatArg> args) {
   std::string text;
+  text.reserve(format.size() + kRoomOfArg * args.size());
   const TFormatArg* next = args.begin();
-  for (std::size_t at = 0; at < format.size(); ++at) {
-    if (format[at] != '%') {
-      text += format[at];
-      continue;
-    }
-    const char kind = ++at < format.size() ? format[at] : '\0';
+  std::string_view rest = format;
+  for (std::size_t sign = rest.find('%'); sign != std::string_view::npos; sign = rest.find('%')) {
+    text.append(rest, 0, sign);
+    const char kind = sign + 1 < rest.size() ? rest[sign + 1] : '\0';
+    rest.remove_prefix(std::min(sign + 2, rest.size()));
     if (kind == '%') {
       text += '%';
       continue;
@@ -34,7 +39,7 @@ std::string Format(std::string_view format, std::initializer_list<TFormatArg> ar
     if (next == args.end()) throw EConvertError("Format '" + std::string(format) + "' wants more arguments");
     text += ArgText(*next++, kind, format);
   }
-  return text;
+  return text.append(rest);
 }
 
 std::string TZanResEx::resByExFunc(std::string_view key, std::string_view section, std::string_view file) {

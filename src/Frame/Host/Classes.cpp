@@ -80,27 +80,44 @@ bool TakeTime(std::string_view text, std::size_t& at, std::chrono::milliseconds&
 
 }  // namespace
 
+const std::vector<std::string>& TStringList::Lines() const {
+  if (FWhole.empty()) return FLines;
+  std::string_view text = FWhole;
+  for (std::size_t end = text.find("\r\n"); end != std::string_view::npos; end = text.find("\r\n")) {
+    FLines.emplace_back(text.substr(0, end));
+    text.remove_prefix(end + 2);
+  }
+  FLines.emplace_back(text);
+  FWhole.clear();
+  return FLines;
+}
+
+std::vector<std::string>& TStringList::ChangingLines() {
+  Lines();
+  ++FRevision;
+  return FLines;
+}
+
 void TStringList::Clear() {
   FLines.clear();
+  FWhole.clear();
   ++FRevision;
 }
 
-void TStringList::Add(std::string line) {
-  FLines.push_back(std::move(line));
-  ++FRevision;
-}
+void TStringList::Add(std::string line) { ChangingLines().push_back(std::move(line)); }
 
 void TStringList::Insert(int index, std::string line) {
-  FLines.insert(FLines.begin() + index, std::move(line));
-  ++FRevision;
+  std::vector<std::string>& lines = ChangingLines();
+  lines.insert(lines.begin() + index, std::move(line));
 }
 
 void TStringList::Delete(int index) {
-  FLines.erase(FLines.begin() + index);
-  ++FRevision;
+  std::vector<std::string>& lines = ChangingLines();
+  lines.erase(lines.begin() + index);
 }
 
 std::string TStringList::Text() const {
+  if (!FWhole.empty()) return FWhole;
   std::size_t size = 2 * FLines.size();
   for (const std::string& line : FLines) size += line.size();
   std::string text;
@@ -114,12 +131,7 @@ std::string TStringList::Text() const {
 
 void TStringList::SetText(std::string_view text) {
   Clear();
-  if (text.empty()) return;
-  for (std::size_t end = text.find("\r\n"); end != std::string_view::npos; end = text.find("\r\n")) {
-    FLines.emplace_back(text.substr(0, end));
-    text.remove_prefix(end + 2);
-  }
-  FLines.emplace_back(text);
+  FWhole = text;
 }
 
 void TStringList::SetCommaText(std::string_view text) {
@@ -136,13 +148,12 @@ void TStringList::SetCommaText(std::string_view text) {
 }
 
 int TStringList::IndexOf(std::string_view line) const {
-  const auto found =
-      std::find_if(FLines.begin(), FLines.end(), [&](const std::string& l) { return SameText(l, line); });
-  return found == FLines.end() ? NotFound : static_cast<int>(found - FLines.begin());
+  const auto found = std::find_if(begin(), end(), [&](const std::string& l) { return SameText(l, line); });
+  return found == end() ? NotFound : static_cast<int>(found - begin());
 }
 
 std::string TStringList::Values(std::string_view name) const {
-  for (const std::string& line : FLines) {
+  for (const std::string& line : Lines()) {
     const std::size_t sign = line.find('=');
     if (sign != std::string::npos && SameText(std::string_view(line).substr(0, sign), name))
       return line.substr(sign + 1);
@@ -152,15 +163,15 @@ std::string TStringList::Values(std::string_view name) const {
 
 void TStringList::SetValue(std::string_view name, std::string_view value) {
   std::string entry = std::string(name) + "=" + std::string(value);
-  ++FRevision;
-  for (std::string& line : FLines) {
+  std::vector<std::string>& lines = ChangingLines();
+  for (std::string& line : lines) {
     const std::size_t sign = line.find('=');
     if (sign != std::string::npos && SameText(std::string_view(line).substr(0, sign), name)) {
       line = std::move(entry);
       return;
     }
   }
-  FLines.push_back(std::move(entry));
+  lines.push_back(std::move(entry));
 }
 
 bool SameText(std::string_view a, std::string_view b) {
@@ -181,12 +192,14 @@ std::string Trim(std::string_view text) {
 }
 
 std::string QuotedStr(std::string_view text) {
-  std::string quoted = "'";
-  for (const char c : text) {
-    quoted += c;
-    if (c == '\'') quoted += c;
+  std::string quoted;
+  quoted.reserve(text.size() + 2);
+  quoted += '\'';
+  for (std::size_t quote = text.find('\''); quote != std::string_view::npos; quote = text.find('\'')) {
+    quoted.append(text, 0, quote + 1).append(1, '\'');
+    text.remove_prefix(quote + 1);
   }
-  return quoted += '\'';
+  return quoted.append(text).append(1, '\'');
 }
 
 std::string StringReplace(std::string_view text, std::string_view from, std::string_view to,

@@ -40,11 +40,11 @@ class ZAN_EXPORT TStringList {
  public:
   static constexpr int NotFound = -1;
 
-  int Count() const { return static_cast<int>(FLines.size()); }
+  int Count() const { return static_cast<int>(Lines().size()); }
   /// REQUIRES: 0 <= index < Count(). The reference lives until the list changes.
-  const std::string& operator[](int index) const { return FLines[static_cast<std::size_t>(index)]; }
-  auto begin() const { return FLines.begin(); }
-  auto end() const { return FLines.end(); }
+  const std::string& operator[](int index) const { return Lines()[static_cast<std::size_t>(index)]; }
+  auto begin() const { return Lines().begin(); }
+  auto end() const { return Lines().end(); }
 
   void Clear();
   void Add(std::string line);
@@ -56,7 +56,8 @@ class ZAN_EXPORT TStringList {
   /// The lines joined by "\r\n", with no break after the last.
   std::string Text() const;
   /// Replaces the lines, split at "\r\n" alone, so that Text gives back exactly this text: a lone "\n" may
-  /// stand inside a value of a statement. An empty text gives no line.
+  /// stand inside a value of a statement. An empty text gives no line. The text is not split before a line is
+  /// asked for: most statements are taken and given back whole.
   void SetText(std::string_view text);
   /// Replaces the lines by the pieces of a comma text: pieces end at commas or blanks, a piece in double
   /// quotes may hold both (a doubled quote stands for one).
@@ -73,7 +74,13 @@ class ZAN_EXPORT TStringList {
   unsigned Revision() const { return FRevision; }
 
  private:
-  std::vector<std::string> FLines;
+  const std::vector<std::string>& Lines() const;
+  /// The lines of a list that is about to change.
+  std::vector<std::string>& ChangingLines();
+
+  mutable std::vector<std::string> FLines;
+  /// What SetText took while no line has been asked for; FLines is empty then.
+  mutable std::string FWhole;
   unsigned FRevision = 0;
 };
 

@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <utility>
+
 namespace zantest {
 namespace {
 
@@ -22,6 +24,44 @@ TEST(StringList, GivesBackExactlyTheTextThatWasSet) {
     list.SetText(text);
     EXPECT_EQ(list.Text(), text);
   }
+}
+
+TEST(StringList, ATextThatWasSetIsOneOfLinesLikeAnyOther) {
+  TStringList list;
+  list.SetText("a\r\nb\nc\r\n");
+  const TStringList copy = list;
+  EXPECT_EQ(list.Count(), 3);
+  EXPECT_EQ(list[1], "b\nc");
+  EXPECT_EQ(copy[2], "");
+  EXPECT_EQ(copy.Text(), "a\r\nb\nc\r\n");
+  list.SetText("a\r\nb");
+  list.Add("c");
+  EXPECT_EQ(list.Text(), "a\r\nb\r\nc");
+  list.SetText("a\r\nb");
+  list.Delete(0);
+  EXPECT_EQ(list.Text(), "b");
+  list.SetText("a=1\r\nb=2");
+  list.SetValue("b", "3");
+  EXPECT_EQ(list.Text(), "a=1\r\nb=3");
+  list.SetText("");
+  EXPECT_EQ(list.Count(), 0);
+}
+
+TEST(StringList, EachChangeIsSeenByItsRevision) {
+  TStringList list;
+  unsigned before = list.Revision();
+  const auto hasGrown = [&] {
+    const unsigned earlier = std::exchange(before, list.Revision());
+    return earlier < before;
+  };
+  list.SetText("a\r\nb");
+  EXPECT_TRUE(hasGrown());
+  EXPECT_EQ(list[0], "a");
+  EXPECT_FALSE(hasGrown());
+  list.Insert(0, "c");
+  EXPECT_TRUE(hasGrown());
+  list.Clear();
+  EXPECT_TRUE(hasGrown());
 }
 
 TEST(StringList, ACommaTextSplitsAtCommasAndBlanks) {
