@@ -1,7 +1,6 @@
 #include "host/query/LiteralBinding.h"
 
 #include <algorithm>
-#include <charconv>
 #include <functional>
 
 #include "host/query/LiteralPlaces.h"
@@ -29,7 +28,7 @@ std::size_t LiteralOf(const TStatementShape& shape, const TToken& token) {
 
 std::int64_t IntegerOf(const TToken& literal) {
   std::int64_t number = 0;
-  std::from_chars(literal.Text.data(), literal.Text.data() + literal.Text.size(), number);
+  for (const char digit : literal.Text) number = number * 10 + (digit - '0');
   return number;
 }
 

@@ -26,7 +26,7 @@ struct TParameterSource {
   std::size_t Literal = NoLiteral;  ///< or the literal in whose place it stands
 };
 
-/// The value of a bound integer.
+/// The value of a bound integer: digits alone, of which there are not too many.
 std::int64_t IntegerOf(const TToken& literal);
 /// The value of a bound text, when it stands in the statement as it is: without doubled quotes.
 std::optional<std::string_view> WrittenContent(const TToken& literal);

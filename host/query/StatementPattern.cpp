@@ -33,36 +33,50 @@ std::size_t LengthOfLiteral(std::string_view text, TTokenKind kind) {
   return quoted != kNoLiteral ? quoted + 1 : kNoLiteral;
 }
 
+constexpr std::string_view kBlanks = " \t\r\n";
+
 bool BeginsWithSemicolon(std::string_view text) {
-  const std::size_t sign = text.find_first_not_of(" \t\r\n");
+  const std::size_t sign = text.find_first_not_of(kBlanks);
   return sign != std::string_view::npos && text[sign] == ';';
 }
 
 }  // namespace
 
-TStatementPattern::TStatementPattern(const TStatementShape& shape) {
+TStatementPattern::TStatementPattern(const TStatementShape& shape, const std::vector<std::size_t>& fixed)
+    : FLiterals(shape.Literals.size()) {
   const char* from = shape.Text.data();
-  for (const TToken& literal : shape.Literals) {
-    FPieces.push_back({std::string(from, literal.Text.data()), literal.Kind});
+  for (std::size_t place = 0; place < shape.Literals.size(); ++place) {
+    if (std::binary_search(fixed.begin(), fixed.end(), place)) continue;
+    const TToken& literal = shape.Literals[place];
+    FPieces.push_back({std::string(from, literal.Text.data()), literal.Kind, place});
     from = literal.Text.data() + literal.Text.size();
   }
   FEnd.assign(from, shape.Text.data() + shape.Text.size());
 }
 
 std::size_t TStatementPattern::Match(std::string_view text, TTokens& literals) const {
-  literals.clear();
+  const std::size_t length = MatchBeginning(text, literals);
+  return BeginsWithSemicolon(text.substr(length)) ? length : 0;
+}
+
+bool TStatementPattern::MatchWhole(std::string_view text, TTokens& literals) const {
+  const std::size_t length = MatchBeginning(text, literals);
+  return length > 0 && text.find_first_not_of(kBlanks, length) == std::string_view::npos;
+}
+
+std::size_t TStatementPattern::MatchBeginning(std::string_view text, TTokens& literals) const {
+  literals.assign(FLiterals, {});
   std::size_t at = 0;
   for (const TPiece& piece : FPieces) {
     if (!text.substr(at).starts_with(piece.Text)) return 0;
     at += piece.Text.size();
     const std::size_t length = LengthOfLiteral(text.substr(at), piece.Literal);
     if (length == kNoLiteral) return 0;
-    literals.push_back({piece.Literal, {}, text.substr(at, length)});
+    literals[piece.Place] = {piece.Literal, {}, text.substr(at, length)};
     at += length;
   }
   if (!text.substr(at).starts_with(FEnd)) return 0;
-  at += FEnd.size();
-  return BeginsWithSemicolon(text.substr(at)) ? at : 0;
+  return at + FEnd.size();
 }
 
 }  // namespace zanhost

@@ -121,7 +121,8 @@ bool TStatementReader::ReadLike(const TStatementPattern& pattern, TStatementShap
   shape.Text = FText.substr(begin, length);
   shape.Shape.clear();
   shape.HasPlainLiterals = true;
-  FScanner = TTokenScanner(FText.substr(begin + length));
+  // The pattern has seen that nothing but blanks stands before the semicolon.
+  FScanner = TTokenScanner(FText.substr(FText.find(';', begin + length) + 1));
   Advance();
   SkipSemicolons();
   ++FStatements;

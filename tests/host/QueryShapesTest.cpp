@@ -101,6 +101,31 @@ TEST(StatementPattern, TakesStatementsOfItsShapeAlone) {
   EXPECT_EQ(length(std::string_view("insert into T(a, b) values(1, 'a\0b');", 38)), 0U);
 }
 
+TEST(StatementPattern, AFixedLiteralIsPartOfIt) {
+  const zanhost::TStatementPattern pattern(ShapeOf("select 888, 'x' from T where a = 5 order by 1"),
+                                           {0, 1, 3});
+  EXPECT_EQ(pattern.Beginning(), "select 888, 'x' from T where a = ");
+  zanhost::TTokens literals;
+  EXPECT_TRUE(pattern.MatchWhole("select 888, 'x' from T where a = 67 order by 1", literals));
+  ASSERT_EQ(literals.size(), 4U);
+  EXPECT_EQ(literals[2].Text, "67");
+  for (const char* const other :
+       {"select 8, 'x' from T where a = 5 order by 1", "select 888, 'y' from T where a = 5 order by 1",
+        "select 888, 'x' from T where a = 5 order by 2", "select 888, 'x' from T where a = 5 order by 12"})
+    EXPECT_FALSE(pattern.MatchWhole(other, literals)) << other;
+}
+
+TEST(StatementPattern, AWholeTextHasNothingBehindTheStatement) {
+  const zanhost::TStatementPattern pattern(ShapeOf("delete from T where a = 1"));
+  zanhost::TTokens literals;
+  EXPECT_TRUE(pattern.MatchWhole("delete from T where a = 2", literals));
+  EXPECT_TRUE(pattern.MatchWhole("delete from T where a = 2 \r\n", literals));
+  for (const char* const other :
+       {"delete from T where a = 2;", "delete from T where a = 2; delete from T",
+        "delete from T where a = 2 --", "delete from T where a = 2 + 1", "delete from T where a = ", ""})
+    EXPECT_FALSE(pattern.MatchWhole(other, literals)) << other;
+}
+
 TEST(RecurringStatements, AreRecognisedInTheirOrder) {
   std::string text;
   for (int i = 0; i < 20; ++i)

@@ -150,6 +150,27 @@ TEST_F(SqliteShapes, ARepeatedTextAndAChangingOneOfItsShapeDoNotDisturbEachOther
   }
 }
 
+TEST_F(SqliteShapes, StatementsOfManyShapesWithOneBeginningAreToldApart) {
+  for (int round = 0; round < 4; ++round) {
+    for (int shape = 0; shape < 12; ++shape) {
+      const std::string text = "select ID, Name from T where ID >= " + std::to_string(round) + " and ID <> " +
+                               std::to_string(shape) + std::string(static_cast<std::size_t>(shape), ' ') +
+                               " order by ID";
+      EXPECT_EQ(Rows(text), BareRows(text)) << text;
+    }
+  }
+}
+
+TEST_F(SqliteShapes, WhatIsFixedInARepeatedStatementIsNotMistaken) {
+  for (const int round : {1, 2, 3, 4}) {
+    for (const char* const last : {"1", "1, 2", "12"}) {
+      const std::string text =
+          "select ID, Name, Code from T where ID <> " + std::to_string(round) + " order by 1 limit " + last;
+      EXPECT_EQ(Rows(text), BareRows(text)) << text;
+    }
+  }
+}
+
 TEST_F(SqliteShapes, NamedParametersStandBesideBoundLiterals) {
   for (const int id : {1, 2}) {
     const auto query = FDatabase.GetQuery();

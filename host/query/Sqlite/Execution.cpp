@@ -30,15 +30,18 @@ void TSqliteDatabase::Run(zanrole::TZANQuery& query, std::string_view database, 
 void TSqliteDatabase::Execute(TRun& run) {
   FConnection.BeginStatement();
   if (FAccess == TAccess::Restricted) CheckCallerText(run.Text);
-  if (const TRepeatedTexts::TKnown* known = FRepeated.Find(run.Text))
-    return ExecuteSingle(run, *known->Statement, known->Shape.Literals);
+  if (TSqlitePrepared* const known = FKnown.Find(run.Text, FShape.Literals))
+    return ExecuteSingle(run, *known, FShape.Literals);
   TStatementReader reader(run.Text);
   const bool hasStatement = reader.Read(FShape);
   if (reader.IsBatch()) return ExecuteBatch(run, reader, hasStatement);
   if (!hasStatement) throw TSqliteFault{"There is no statement.", "no statement"};
-  const auto statement = FindStatement();
+  auto statement = FCache.Find(FShape);
+  if (statement == nullptr)
+    statement = Prepare();
+  else
+    FKnown.Note(FShape, statement);
   ExecuteSingle(run, *statement, FShape.Literals);
-  FRepeated.Note(run.Text, statement);
 }
 
 void TSqliteDatabase::CheckCallerText(const std::string& text) {
@@ -56,7 +59,7 @@ void TSqliteDatabase::ExecuteBatch(TRun& run, TStatementReader& reader, bool has
   TRecurringStatements<std::shared_ptr<TSqlitePrepared>> recurring;
   while (hasStatement) {
     const auto statement = FindStatement();
-    if (statement->ServesItsShape) {
+    if (statement->MayBeKept && statement->Fixed.empty()) {
       recurring.Note(FShape, statement);
     } else {
       recurring.Forget();

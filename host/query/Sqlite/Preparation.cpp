@@ -45,7 +45,8 @@ std::shared_ptr<TSqlitePrepared> TSqliteDatabase::Prepare() {
     binding = {};
   }
   ReadSources(*statement, binding);
-  statement->ServesItsShape = binding.MayBeKept && binding.Fixed.empty();
+  statement->MayBeKept = binding.MayBeKept;
+  statement->Fixed = binding.Fixed;
   FCache.Add(FShape, binding, statement);
   return statement;
 }

@@ -7,7 +7,7 @@
 #include "host/query/DataUrl.h"
 #include "host/query/Database.h"
 #include "host/query/Sqlite/Connection.h"
-#include "host/query/Sqlite/RepeatedTexts.h"
+#include "host/query/Sqlite/KnownStatements.h"
 #include "host/query/StatementCache.h"
 #include "host/query/StatementReader.h"
 
@@ -68,7 +68,7 @@ class TSqliteDatabase final : public TDatabase {
   const TAccess FAccess;
   TSqliteConnection FConnection;
   TStatementCache<TSqlitePrepared> FCache;
-  TRepeatedTexts FRepeated;
+  TKnownStatements FKnown;
   TStatementShape FShape;  ///< of the statement that was read last
   TTrace* FTrace = nullptr;
 };
