@@ -24,6 +24,12 @@ constexpr int kRestrictedInstructionsBetweenChecks = 100;
 
 [[noreturn]] void RaiseOpening(const std::string& message) { throw zanrole::EDatabaseError(message, {}); }
 
+/// For the whole process, before its first connection. The library's account of its memory stands behind one
+/// lock, for which all connections would wait; nobody reads it.
+void ConfigureLibrary() {
+  [[maybe_unused]] static const int done = sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
+}
+
 void MakeFolder(const std::filesystem::path& folder) {
   std::error_code error;
   std::filesystem::create_directories(folder, error);
@@ -53,6 +59,7 @@ void SeeThatFileExists(const std::filesystem::path& file) {
 }  // namespace
 
 TSqliteConnection::TSqliteConnection(const std::string& file, TOpenMode mode, TAccess access) : FFile(file) {
+  ConfigureLibrary();
   if (mode == TOpenMode::MustExist) {
     SeeThatFileExists(file);
   } else {
