@@ -121,7 +121,7 @@ void MeasureQuestion(zanbench::TReport& report, zanhost::TDatabase& database, TB
   const auto valueOf = [](int call) { return (call + 4) % 100 + 1; };
   report.Compare(
       question.Name, 1.15, [&](int call) { return Ask(database, question, valueOf(call)); },
-      [&](int call) { return floor.Ask(valueOf(call)); }, {.Rounds = 60, .CallsOfRound = 300});
+      [&](int call) { return floor.Ask(valueOf(call)); }, 18'000);
 }
 
 std::string Content(zanhost::TDatabase& database, const std::string& table) {
@@ -159,7 +159,7 @@ void MeasureBatch(zanbench::TReport& report, zanhost::TDatabase& database, TBare
     bare.RunAll(texts[variant(call)]);
     return Content(database, "BareDifferences");
   };
-  report.Compare(name, 1.0, runBatch, runText, {.Rounds = 30, .CallsOfRound = 1});
+  report.Compare(name, 1.0, runBatch, runText, 30);
 }
 
 }  // namespace

@@ -14,13 +14,23 @@ namespace zanbench {
 
 namespace {
 
-double MicrosecondsOfRound(const TAsk& ask, int calls) {
-  std::size_t read = 0;
+/// Shorter than the time for which a system leaves a program the processor: where others want it too, some
+/// rounds still pass undisturbed.
+constexpr double kMicrosecondsOfRound = 500;
+
+/// Microseconds of a call, of those from `first` on.
+double TimeRound(const TAsk& ask, int first, int calls) {
   const auto start = std::chrono::steady_clock::now();
-  for (int call = 0; call < calls; ++call) read += ask(call).size();
+  for (int call = first; call < first + calls; ++call) ask(call);
   const std::chrono::duration<double, std::micro> time = std::chrono::steady_clock::now() - start;
-  if (read == 0) std::fprintf(stderr, "the question has no answer\n");
   return time.count() / calls;
+}
+
+/// How many calls make a round.
+int CallsOfRound(const TAsk& ask) {
+  double time = kMicrosecondsOfRound;
+  for (int call = 0; call < 5; ++call) time = std::min(time, TimeRound(ask, call, 1));
+  return std::max(1, static_cast<int>(kMicrosecondsOfRound / time));
 }
 
 /// The time that a tenth of the rounds undercut: other programs on the machine only ever make a round slower.
@@ -54,15 +64,16 @@ TReport::TReport(std::string benchmark, std::string engine)
 }
 
 void TReport::Compare(const std::string& name, double goal, const TAsk& candidate, const TAsk& floor,
-                      TEffort effort) {
+                      int calls) {
   const std::string answer = floor(0);
   if (answer.empty() || answer != candidate(0))
     return Complain(name + ": candidate and floor give different answers, or none");
   std::vector<double> candidateTimes;
   std::vector<double> floorTimes;
-  for (int round = 0; round < effort.Rounds; ++round) {
-    floorTimes.push_back(MicrosecondsOfRound(floor, effort.CallsOfRound));
-    candidateTimes.push_back(MicrosecondsOfRound(candidate, effort.CallsOfRound));
+  const int ofRound = CallsOfRound(floor);
+  for (int call = 0; call < calls; call += ofRound) {
+    floorTimes.push_back(TimeRound(floor, call, ofRound));
+    candidateTimes.push_back(TimeRound(candidate, call, ofRound));
   }
   const auto [fastest, slowest] = std::minmax_element(candidateTimes.begin(), candidateTimes.end());
   FComparisons.push_back({.Name = name,

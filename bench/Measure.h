@@ -25,11 +25,8 @@ class TFolder {
 /// Answers the call of this number; both sides must answer alike.
 using TAsk = std::function<std::string(int call)>;
 
-/// How often each side is asked.
-struct TEffort {
-  int Rounds = 200;
-  int CallsOfRound = 500;
-};
+/// How often each side is asked, unless a comparison says otherwise.
+inline constexpr int kUsualCalls = 100'000;
 
 /// One line of a report; times in microseconds.
 struct TComparison {
@@ -50,9 +47,10 @@ class TReport {
   /// Prints the head. `engine` is name and version.
   TReport(std::string benchmark, std::string engine);
 
-  /// Prints a line, or a complaint when the two give different answers or an empty one.
+  /// Prints a line, or a complaint when the two give different answers or an empty one. Each side is asked
+  /// `calls` times, in short rounds by turns.
   void Compare(const std::string& name, double goal, const TAsk& candidate, const TAsk& floor,
-               TEffort effort = {});
+               int calls = kUsualCalls);
   /// Writes the file. What main returns: 0 unless there was a complaint. A missed goal is none: what else the
   /// machine does may be the reason.
   int Finish();

@@ -287,7 +287,7 @@ class TBareReading {
 };
 
 void MeasureLoading(TReport& report) {
-  for (const int count : {100, 1000, 10000}) {
+  for (const int count : {1000, 10000, 100000}) {
     TLoadedRights rights(count, kDocumentWords);
     TBareReading bare(rights.Installed.File());
     report.Compare(
@@ -296,7 +296,7 @@ void MeasureLoading(TReport& report) {
           rights.Rights->LoadAllPermissions();
           return std::string("read");
         },
-        [&](int) { return bare.Read(); }, {.Rounds = 50, .CallsOfRound = std::max(1, 20000 / count)});
+        [&](int) { return bare.Read(); }, std::max(100, 1'000'000 / count));
   }
 }
 
@@ -345,7 +345,7 @@ void MeasureThreads(TReport& report) {
       return own + answer;
     };
     const auto byTurns = [&](int) { return (one.*serve)() + (two.*serve)(); };
-    report.Compare(name, 1 / 1.8, atOnce, byTurns, {.Rounds = 50, .CallsOfRound = 2});
+    report.Compare(name, 1 / 1.8, atOnce, byTurns, 200);
   };
   compare("two users asking at once or by turns", &TServedUser::Ask);
   compare("two users reading at once or by turns", &TServedUser::Read);
