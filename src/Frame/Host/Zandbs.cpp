@@ -1,5 +1,7 @@
 #include "Frame/Host/Zandbs.h"
 
+#include <array>
+
 namespace zanrole {
 
 EDatabaseError::EDatabaseError(std::string message, std::string statement)
@@ -106,6 +108,18 @@ bool IsNameChar(char c) {
          static_cast<unsigned char>(c) >= 0x80;
 }
 
+/// The signs that may begin something else than plain text: quotes, brackets, comments and parameters.
+constexpr auto kSigns = [] {
+  std::array<bool, 256> signs{};
+  for (const char sign : std::string_view("'\"`[-/:")) signs[static_cast<unsigned char>(sign)] = true;
+  return signs;
+}();
+
+std::size_t FindSign(std::string_view text, std::size_t at) {
+  while (at < text.size() && !kSigns[static_cast<unsigned char>(text[at])]) ++at;
+  return at;
+}
+
 /// Position behind a quoted text, a bracketed name or a comment that begins at `at`; `at` itself when none
 /// begins there.
 std::size_t SkipOpaque(std::string_view text, std::size_t at) {
@@ -136,7 +150,7 @@ void TParams::Refill(std::string_view statement) {
     }
     FItems.emplace_back(std::string(name));
   };
-  for (std::size_t at = 0; at < statement.size();) {
+  for (std::size_t at = FindSign(statement, 0); at < statement.size(); at = FindSign(statement, at)) {
     const std::size_t behind = SkipOpaque(statement, at);
     if (behind != at) {
       at = behind;
