@@ -4,7 +4,7 @@
 
 #include "host/cli/Commands.h"
 #include "host/cli/CommonOptions.h"
-#include "host/cli/FunctionLines.h"
+#include "host/worker/FunctionLines.h"
 #include "host/worker/FunctionSession.h"
 
 namespace zanhost {

@@ -1,4 +1,4 @@
-#include "host/cli/FunctionLines.h"
+#include "host/worker/FunctionLines.h"
 
 #include <boost/json.hpp>
 

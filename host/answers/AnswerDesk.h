@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string>
+
+#include "host/answers/AnswerSessions.h"
+#include "host/answers/Question.h"
+#include "host/answers/Reply.h"
+
+namespace zanhost {
+
+/// Answers questions one after the other, each in the session of its login.
+class TAnswerDesk {
+ public:
+  /// `restrictedData` as of RunAnswers. Raises what the installation raises when it cannot be opened.
+  TAnswerDesk(const TSessionOptions& options, const std::string& restrictedData);
+
+  /// Never raises: what fails is told in the reply. Faults of the data go to the installation's log.
+  TReply Answer(const TQuestion& question);
+  /// As of TAnswerSessions.
+  void Interrupt() noexcept { FSessions.Interrupt(); }
+  void ReleaseIdle() noexcept { FSessions.ReleaseIdle(); }
+
+ private:
+  std::string AnswerInSession(const TQuestion& question);
+  void LogFault(const TQuestion& question, const std::exception& fault);
+
+  TInstallation FInstallation;
+  TAnswerSessions FSessions;
+};
+
+}  // namespace zanhost
