@@ -18,6 +18,7 @@ void AddCallCommand(CLI::App& program, TRun& run);
 void AddAskCommand(CLI::App& program, TRun& run);
 void AddScriptCommand(CLI::App& program, TRun& run);
 void AddWorkerCommand(CLI::App& program, TRun& run);
+void AddAnswerCommand(CLI::App& program, TRun& run);
 void AddPasswdCommand(CLI::App& program, TRun& run);
 void AddBackupCommand(CLI::App& program, TRun& run);
 void AddRestrictedAccountCommand(CLI::App& program, TRun& run);

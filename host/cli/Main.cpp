@@ -25,6 +25,7 @@ void AddCommands(CLI::App& program, zanhost::TRun& run) {
   zanhost::AddRestrictedAccountCommand(program, run);
   zanhost::AddTokenCommand(program, run);
   zanhost::AddWorkerCommand(program, run);
+  zanhost::AddAnswerCommand(program, run);
 }
 
 void Complain(const std::string& sentence) { fmt::print(stderr, "zanhost: {}\n", sentence); }

@@ -1,3 +1,6 @@
+#include <algorithm>
+#include <thread>
+
 #include "host/cli/Commands.h"
 #include "host/cli/CommonOptions.h"
 #include "host/gateway/Gateway.h"
@@ -66,6 +69,21 @@ void AddLimits(CLI::App& command, TServeOptions& options) {
       ->capture_default_str();
 }
 
+void AddAnswering(CLI::App& command, TServeOptions& options) {
+  constexpr unsigned mostProcesses = 64;
+  options.AnswerProcesses = std::clamp(std::thread::hardware_concurrency(), 1U, mostProcesses);
+  command.add_option("--answer-processes", options.AnswerProcesses, "Processes that answer other services")
+      ->type_name("N")
+      ->check(CLI::Range(1U, mostProcesses))
+      ->capture_default_str();
+  AddSeconds(command, "--answer-limit", options.AnswerLimit, "How long one answer to a service may take");
+  command
+      .add_option("--restricted-data", options.RestrictedData,
+                  "The data on a server as an account sees it that reads no passwords and writes nothing")
+      ->type_name("URL")
+      ->envname(kRestrictedDataVariable);
+}
+
 int ServeInstalled(const TServeOptions& options) {
   // Said before anything is made or listened to.
   OpenInstalledData(options.Data);
@@ -83,6 +101,7 @@ void AddServeCommand(CLI::App& program, TRun& run) {
   for (const char* const unused : {"--user", "--builder", "--domain"}) command->get_option(unused)->group("");
   AddListeningOptions(*command, options->Serve);
   AddLimits(*command, options->Serve);
+  AddAnswering(*command, options->Serve);
   // For the tests of the gateway.
   command->add_option("--worker-program", options->Serve.WorkerProgram)->group("");
   command->callback([options, &run] {

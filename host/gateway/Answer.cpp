@@ -56,6 +56,8 @@ std::string_view ReasonPhrase(unsigned status) {
       return "Conflict";
     case 413:
       return "Too large";
+    case 415:
+      return "Wrong type";
     case 421:
       return "Wrong server";
     case 422:

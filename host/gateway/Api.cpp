@@ -63,12 +63,6 @@ TAnswer SessionAnswer(const TOperator& who) {
                              {"login", who.Login}, {"name", who.Name}, {"language", who.Language}}));
 }
 
-TAnswer WrongMethod(std::string_view allowed) {
-  TAnswer answer = ProblemAnswer(405, "This address takes other methods.");
-  answer.Headers.emplace_back("Allow", std::string(allowed));
-  return answer;
-}
-
 TAnswer NotLoggedIn() { return ProblemAnswer(401, "Log in first."); }
 
 TAnswer ForeignOrigin() {
@@ -94,6 +88,7 @@ std::shared_ptr<TLoginSession> TApi::SessionOf(const TRequest& request) const {
 }
 
 TAdmission TApi::Admit(const TRequest& request) {
+  if (TServiceApi::Serves(request.Path)) return FServices.Admit(request);
   TAdmission admission;
   const bool isPost = request.Method == "POST";
   if (isPost != IsPostPath(request.Path))
@@ -123,6 +118,7 @@ std::optional<TAnswer> TApi::RefuseUpload(const TRequest& request, TAdmission& a
 }
 
 TTask<TAnswer> TApi::Answer(TRequest request, std::filesystem::path bodyFile) {
+  if (TServiceApi::Serves(request.Path)) co_return co_await FServices.Answer(request);
   if (request.Path == "/api/login") co_return co_await LogIn(request);
   if (request.Path == "/api/logout") co_return LogOut(request);
   if (request.Path == "/api/upload") co_return TakeUpload(request, bodyFile);

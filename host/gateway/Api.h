@@ -5,30 +5,23 @@
 #include <memory>
 #include <optional>
 
+#include "host/gateway/Admission.h"
 #include "host/gateway/Answer.h"
 #include "host/gateway/Coroutines.h"
 #include "host/gateway/Login.h"
 #include "host/gateway/Request.h"
+#include "host/gateway/ServiceApi.h"
 #include "host/gateway/Sessions.h"
 #include "host/gateway/StaticFiles.h"
 
 namespace zanhost {
 
-/// What is to be done with a request whose head was read.
-struct TAdmission {
-  /// Answers at once; the body is not read.
-  std::optional<TAnswer> Refusal;
-  /// The longest body that is read.
-  std::uint64_t BodyLimit = 0;
-  /// Takes the body as it comes; empty keeps it in memory.
-  std::filesystem::path BodyFile;
-};
-
-/// The HTTP surface: /api, /healthz and the client's files.
+/// The HTTP surface: /api, /healthz and the client's files. What other services ask goes to the TServiceApi.
 class TApi {
  public:
-  TApi(TLoginDesk& login, TSessions& sessions, TStaticFiles& files, std::uint64_t maxUpload)
-      : FLogin(login), FSessions(sessions), FStaticFiles(files), FMaxUpload(maxUpload) {}
+  TApi(TLoginDesk& login, TSessions& sessions, TServiceApi& services, TStaticFiles& files,
+       std::uint64_t maxUpload)
+      : FLogin(login), FSessions(sessions), FServices(services), FStaticFiles(files), FMaxUpload(maxUpload) {}
 
   TAdmission Admit(const TRequest& request);
   /// Answers an admitted request with its body. `bodyFile` is where the body went, as Admit said.
@@ -48,6 +41,7 @@ class TApi {
 
   TLoginDesk& FLogin;
   TSessions& FSessions;
+  TServiceApi& FServices;
   TStaticFiles& FStaticFiles;
   std::uint64_t FMaxUpload;
 };

@@ -12,6 +12,7 @@
 #include <string_view>
 #include <system_error>
 
+#include "host/gateway/Options.h"
 #include "host/query/DataUrl.h"
 
 namespace zanhost {
@@ -70,12 +71,16 @@ std::vector<char*> PointersTo(std::vector<std::string>& words) {
   return pointers;
 }
 
-/// This process's environment, with the child's data URL in the place of its own.
+/// This process's environment, with the child's data URLs in the place of its own.
 std::vector<std::string> EnvironmentOf(const TCommand& command) {
   const std::string data = std::string(kDataVariable) + "=";
+  const std::string restricted = std::string(kRestrictedDataVariable) + "=";
   std::vector<std::string> environment{data + command.Data};
-  for (char** variable = environ; *variable != nullptr; ++variable)
-    if (!std::string_view(*variable).starts_with(data)) environment.emplace_back(*variable);
+  if (!command.RestrictedData.empty()) environment.push_back(restricted + command.RestrictedData);
+  for (char** variable = environ; *variable != nullptr; ++variable) {
+    const std::string_view entry = *variable;
+    if (!entry.starts_with(data) && !entry.starts_with(restricted)) environment.emplace_back(entry);
+  }
   return environment;
 }
 

@@ -21,6 +21,8 @@ struct TCommand {
   /// The data URL. It may hold a password, and everybody may read the words that a process was started with:
   /// the child is told by its environment, which is its owner's alone.
   std::string Data;
+  /// The data URL of the account for statements that hold texts of callers, told likewise. Empty for none.
+  std::string RestrictedData;
 };
 
 /// A child process with one socket as its standard input and output. It inherits no other descriptor of the

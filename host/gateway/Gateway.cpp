@@ -14,6 +14,7 @@
 #include "host/gateway/ListenRules.h"
 #include "host/gateway/Listener.h"
 #include "host/gateway/Login.h"
+#include "host/gateway/ServiceApi.h"
 #include "host/gateway/Sessions.h"
 #include "host/gateway/StaticFiles.h"
 #include "host/gateway/TemporaryFolder.h"
@@ -40,6 +41,16 @@ TSessionSettings SessionSettings(const TServeOptions& options) {
           .Trace = options.Trace,
           .Idle = options.Idle,
           .Stuck = options.Stuck,
+          .EndLimit = options.EndLimit};
+}
+
+TAnswerSettings AnswerSettings(const TServeOptions& options) {
+  return {.Program = OwnProgram(),
+          .Data = options.Data,
+          .RestrictedData = options.RestrictedData,
+          .Trace = options.Trace,
+          .Processes = options.AnswerProcesses,
+          .Limit = options.AnswerLimit,
           .EndLimit = options.EndLimit};
 }
 
@@ -73,6 +84,8 @@ class TGateway {
   TTemporaryFolder FFiles;
   TLoginDesk FLogin;
   TSessions FSessions;
+  TAnswerPool FAnswers;
+  TServiceApi FServices;
   TStaticFiles FStaticFiles;
   TApi FApi;
   std::unique_ptr<TListener> FListener;
@@ -85,8 +98,10 @@ TGateway::TGateway(const TServeOptions& options)
       FLog(options.Folder),
       FLogin(FContext.get_executor(), options, FLog),
       FSessions(FContext.get_executor(), SessionSettings(options), options.MaxSessions, FFiles.Path(), FLog),
+      FAnswers(FContext.get_executor(), AnswerSettings(options), FLog),
+      FServices(options.Folder, FAnswers, FLog),
       FStaticFiles(ClientFolder(options.Web)),
-      FApi(FLogin, FSessions, FStaticFiles, options.MaxUpload),
+      FApi(FLogin, FSessions, FServices, FStaticFiles, options.MaxUpload),
       FListener(Listen()) {}
 
 std::unique_ptr<TListener> TGateway::Listen() {
@@ -110,6 +125,7 @@ void TGateway::Run() {
   Spawn(FContext.get_executor(), "signals", EndAtSignal());
   if (FRules.Tls) Spawn(FContext.get_executor(), "certificate", RenewCertificateAtSignal());
   Spawn(FContext.get_executor(), "sessions", FSessions.Watch());
+  Spawn(FContext.get_executor(), "answers", FAnswers.Watch());
   Spawn(FContext.get_executor(), "listener", FListener->Run());
   // Told by the loop, behind the tasks above: by then a signal finds them waiting.
   asio::post(FContext, [this, address] {
@@ -135,6 +151,7 @@ TTask<> TGateway::EndAtSignal() {
   signals.async_wait([this](boost::system::error_code, int) { FContext.stop(); });
   FListener->Stop();
   co_await FSessions.EndAll("stopped");
+  co_await FAnswers.EndAll();
   asio::steady_timer farewell(FContext, kFarewell);
   co_await farewell.async_wait(kWithError);
   FContext.stop();

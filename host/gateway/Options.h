@@ -8,6 +8,10 @@
 
 namespace zanhost {
 
+/// The environment variable that names the data for statements with texts of callers, as kDataVariable names
+/// the data.
+inline constexpr char kRestrictedDataVariable[] = "ZANHOST_RESTRICTED_DATA";
+
 /// What `zanhost serve` is told. A field's comment names its command line option.
 struct TServeOptions {
   /// --data: where the tables are, for instance `sqlite:FOLDER`.
@@ -37,6 +41,13 @@ struct TServeOptions {
   std::size_t MaxConnectionsPerAddress = 64;
   /// --max-upload: bytes of one uploaded file.
   std::uint64_t MaxUpload = 64ULL * 1024 * 1024;
+  /// --answer-processes: how many answer the questions of other services at the same time.
+  std::size_t AnswerProcesses = 2;
+  /// --answer-limit: how long one of these questions may take.
+  std::chrono::seconds AnswerLimit{30};
+  /// --restricted-data: the data as an account sees it that may only read, and no passwords. For functions
+  /// that put texts of the caller into statements; empty where they are not answered.
+  std::string RestrictedData;
   /// --worker-program: started instead of this program's own `worker` command, with the same arguments. For
   /// the tests of the gateway.
   std::filesystem::path WorkerProgram;
