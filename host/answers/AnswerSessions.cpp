@@ -6,6 +6,7 @@
 
 #include "host/answers/Reply.h"
 #include "host/platform/Accounts.h"
+#include "host/query/RestrictedDatabase.h"
 
 namespace zanhost {
 
@@ -43,9 +44,15 @@ TLogin TAnswerSessions::LoginFor(const std::string& login) {
 
 TDatabase& TAnswerSessions::DatabaseFor(const TSessionKey& key) {
   if (!key.IsRestricted) return FInstallation.Database();
-  throw ERefusedQuestion(403,
-                         "This function puts texts of the caller into a statement, and this server has no "
-                         "connection for such statements.");
+  if (FRestrictedData.empty())
+    throw ERefusedQuestion(403,
+                           "This function puts texts of the caller into a statement. The server runs such "
+                           "functions only when it is started with --restricted-data.");
+  if (FRestricted == nullptr) {
+    FRestricted = OpenRestricted(FRestrictedData);
+    FInterruptible = FRestricted.get();
+  }
+  return *FRestricted;
 }
 
 void TAnswerSessions::Interrupt() noexcept {

@@ -89,6 +89,23 @@ TEST_F(AnswerDeskTest, AnInputThatTheFunctionDoesNotDeclareIsPassedOnAndTold) {
   EXPECT_EQ(answer.at("undeclared"), (json::array{"另一个"}));
 }
 
+TEST_F(AnswerDeskTest, AFunctionThatPastesTextsAnswersAsAnyOther) {
+  const json::object answer =
+      Answer(CallOf("GetDomainInfo", "admin", {{"返回内容", "max(ID)"}, {"查询条件", "1=1"}}));
+  EXPECT_EQ(std::string(answer.at("out").as_object().at("Result").as_string()),
+            TextOf("select max(ID) from STDomains"));
+}
+
+TEST_F(AnswerDeskTest, AFunctionThatPastesTextsReadsNoPassword) {
+  const std::string password = TextOf("select Password from STUsers where UserID = 'admin'");
+  ASSERT_FALSE(password.empty());
+  const TReply reply = Ask(
+      CallOf("GetDomainInfo", "admin",
+             {{"返回内容", "(select Password from STUsers where UserID = 'admin')"}, {"查询条件", "1=1"}}));
+  EXPECT_EQ(reply.Status, 422U);
+  EXPECT_EQ(reply.Body.find(password), std::string::npos);
+}
+
 TEST_F(AnswerDeskTest, UnknownFunctionsLoginsTypesAndObjectsAreNotFound) {
   EXPECT_EQ(Ask(CallOf("NoSuchFunction", User)).Status, 404U);
   EXPECT_EQ(Ask(CallOf("GetCurUserType", "nobody")).Status, 404U);
