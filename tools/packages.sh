@@ -4,7 +4,7 @@ PACKAGES_build="g++ cmake ninja-build ccache gettext libboost1.81-dev libboost-j
   libsqlite3-dev libmariadb-dev unixodbc-dev pkgconf libssl-dev libspdlog-dev libfmt-dev libcli11-dev"
 PACKAGES_test="libgtest-dev libgmock-dev clang-format clang-tidy chromium fonts-noto-cjk binutils sqlite3 openssl
   mariadb-server odbc-mariadb"
-PACKAGES_bench="mariadb-server"
+PACKAGES_bench="mariadb-server wrk"
 PACKAGES_fuzz="clang"
 
 is_installed() { [ "$(dpkg-query -W -f='${db:Status-Status}' "$1" 2>/dev/null)" = installed ]; }
