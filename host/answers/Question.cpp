@@ -5,6 +5,8 @@
 #include <boost/json.hpp>
 #include <utility>
 
+#include "Frame/Host/Classes.h"
+
 namespace zanhost {
 
 namespace json = boost::json;

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "host/worker/FunctionCall.h"
+#include "host/platform/NamedValues.h"
 
 namespace zanhost {
 

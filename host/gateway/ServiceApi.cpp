@@ -137,10 +137,7 @@ TAnswer TServiceApi::RefuseBearer(const TRequest& request, TTokenVerdict verdict
   const std::string network = NetworkOf(request.Address);
   const auto now = std::chrono::steady_clock::now();
   const std::chrono::seconds wait = FWrongTokens.Delay(network, now);
-  if (wait > std::chrono::seconds::zero()) {
-    FWrongTokens.NoteRefusal(network);
-    return TooOften("Too many wrong tokens.", wait);
-  }
+  if (wait > std::chrono::seconds::zero()) return TooOften("Too many wrong tokens.", wait);
   FWrongTokens.Begin(network, now);
   const bool hasExpired = verdict == TTokenVerdict::Expired;
   const char* const why = hasExpired ? "The token has expired." : "The token is not valid.";

@@ -5,11 +5,10 @@
 #include <utility>
 #include <vector>
 
+#include "host/platform/NamedValues.h"
 #include "host/worker/FuncManager.h"
 
 namespace zanhost {
-
-using TNamedValues = std::vector<std::pair<std::string, std::string>>;
 
 /// What a system function answered.
 struct TCallOutcome {
