@@ -1,5 +1,7 @@
 #include "bench/Measure.h"
 
+#include <pthread.h>
+#include <sched.h>
 #include <stdlib.h>
 #include <unistd.h>
 
@@ -48,6 +50,13 @@ void Print(const TComparison& line) {
 }
 
 }  // namespace
+
+void StayOn(int processor) {
+  cpu_set_t processors;
+  CPU_ZERO(&processors);
+  CPU_SET(processor, &processors);
+  pthread_setaffinity_np(pthread_self(), sizeof processors, &processors);
+}
 
 TFolder::TFolder() {
   const bool inMemory = access("/dev/shm", W_OK | X_OK) == 0;

@@ -22,6 +22,10 @@ class TFolder {
   std::string FPath;
 };
 
+/// The calling thread stays on one processor: a system takes longer to spread threads than a round lasts.
+/// Where the machine lacks the processor the thread runs anywhere.
+void StayOn(int processor);
+
 /// Answers the call of this number; both sides must answer alike.
 using TAsk = std::function<std::string(int call)>;
 

@@ -334,12 +334,16 @@ void MeasureThreads(TReport& report) {
   const std::vector<TRow> rows = MakeRows(10000, kDocumentWords);
   const TInstalledRights installed(rows);
   const std::vector<TRow> questions = MakeQuestions(rows);
+  zanbench::StayOn(0);
   TServedUser one(installed.Url, "one", questions);
   TServedUser two(installed.Url, "two", questions);
   const auto compare = [&](const char* name, std::string (TServedUser::*serve)()) {
     const auto atOnce = [&](int) {
       std::string answer;
-      std::thread other([&] { answer = (two.*serve)(); });
+      std::thread other([&] {
+        zanbench::StayOn(1);
+        answer = (two.*serve)();
+      });
       const std::string own = (one.*serve)();
       other.join();
       return own + answer;

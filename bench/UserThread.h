@@ -6,6 +6,7 @@
 #include <thread>
 #include <utility>
 
+#include "bench/Measure.h"
 #include "bench/SessionOfUser.h"
 
 namespace zanbench {
@@ -15,9 +16,13 @@ class TUserThread {
  public:
   using TWork = std::function<std::string(TSessionOfUser&)>;
 
-  /// Waits until the session is there. `work` is what each Start asks of it.
-  TUserThread(const std::string& url, const std::string& login, TWork work)
-      : FWork(std::move(work)), FThread([this, url, login] { Serve(url, login); }) {
+  /// Waits until the session is there. `work` is what each Start asks of it. The thread stays on one
+  /// processor.
+  TUserThread(const std::string& url, const std::string& login, int processor, TWork work)
+      : FWork(std::move(work)), FThread([this, url, login, processor] {
+          StayOn(processor);
+          Serve(url, login);
+        }) {
     FAnswered.acquire();
   }
   ~TUserThread() {
