@@ -6,6 +6,7 @@
 
 #include "host/answers/FunctionAnswers.h"
 #include "host/answers/PastingFunctions.h"
+#include "host/answers/Places.h"
 #include "host/answers/RightAnswers.h"
 #include "host/worker/FunctionSession.h"
 
@@ -14,6 +15,8 @@ namespace zanhost {
 namespace json = boost::json;
 
 namespace {
+
+constexpr const char* kUnreadable = "The data cannot be read now. The server's log says why.";
 
 json::object AnswerWith(TAnswerSession& session, const TQuestion& question) {
   switch (question.Kind) {
@@ -48,16 +51,20 @@ std::string RestrictedDataOf(const std::string& data, const std::string& given) 
 }  // namespace
 
 TAnswerDesk::TAnswerDesk(const TSessionOptions& options, const std::string& restrictedData)
-    : FInstallation(options), FSessions(FInstallation, RestrictedDataOf(options.Data, restrictedData)) {}
+    : FInstallation(options),
+      FPlaces(PlacesOf({options.Data, restrictedData})),
+      FSessions(FInstallation, RestrictedDataOf(options.Data, restrictedData)) {}
 
 TReply TAnswerDesk::Answer(const TQuestion& question) {
   try {
     return {200, AnswerInSession(question)};
   } catch (const ERefusedQuestion& refusal) {
-    return {refusal.Status(), refusal.what()};
+    if (!NamesOneOf(FPlaces, refusal.what())) return {refusal.Status(), refusal.what()};
+    LogFault(question, refusal);
+    return {503, kUnreadable};
   } catch (const zanrole::EZanError& fault) {
     LogFault(question, fault);
-    return {503, "The data cannot be read now. The server's log says why."};
+    return {503, kUnreadable};
   }
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "host/answers/AnswerSessions.h"
 #include "host/answers/Question.h"
@@ -25,6 +26,8 @@ class TAnswerDesk {
   void LogFault(const TQuestion& question, const std::exception& fault);
 
   TInstallation FInstallation;
+  /// What messages to callers do not name.
+  std::vector<std::string> FPlaces;
   TAnswerSessions FSessions;
 };
 

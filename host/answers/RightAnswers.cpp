@@ -22,11 +22,15 @@ std::int64_t AskNumber(TAnswerSession& session, const TServiceQuestion& question
   return std::get<std::int64_t>(AskService(session.Module(), question));
 }
 
+void RequireType(TAnswerSession& session, const std::string& type) {
+  if (AskNumber(session, {"TTolPermission.GetTypeIDByName", {type}}) == kUnknown)
+    throw ERefusedQuestion(404, fmt::format("There is no type '{}'.", type));
+}
+
 /// The object that a question names.
 int ObjectOf(TAnswerSession& session, const TQuestion& question) {
+  if (!question.Type.empty()) RequireType(session, question.Type);
   if (question.ObjectID) return *question.ObjectID;
-  if (AskNumber(session, {"TTolPermission.GetTypeIDByName", {question.Type}}) == kUnknown)
-    throw ERefusedQuestion(404, fmt::format("There is no type '{}'.", question.Type));
   const std::int64_t objectID =
       AskNumber(session, {"TRunPermission.GetObjID", {question.Type, question.Object}});
   if (objectID == kUnknown)

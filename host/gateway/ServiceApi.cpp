@@ -19,7 +19,8 @@ constexpr std::string_view kBearer = "Bearer ";
 
 std::string_view BearerOf(const TRequest& request) {
   const std::string_view header = request.Header("authorization");
-  return header.starts_with(kBearer) ? header.substr(kBearer.size()) : std::string_view();
+  const bool isBearer = zanrole::SameText(header.substr(0, kBearer.size()), kBearer);
+  return isBearer ? header.substr(kBearer.size()) : std::string_view();
 }
 
 TAnswer Retry(unsigned status, std::string_view detail, std::chrono::seconds after) {
@@ -44,7 +45,7 @@ bool TakesMethod(const TServiceRoute& route, std::string_view method) {
 
 bool IsJson(std::string_view contentType) {
   const std::string_view type = contentType.substr(0, contentType.find_first_of("; "));
-  return type == "application/json";
+  return zanrole::SameText(type, "application/json");
 }
 
 /// The name that a token's scope has for a question; empty for those about functions.

@@ -89,9 +89,13 @@ void ReadHolders(TQuestion& question, const TServiceRoute& route, const TRequest
   question.Limit = limit.empty() ? kUsualHolders : NumberOf(limit, "limit", 1, kMostHolders);
 }
 
+void CheckZeros(std::string_view text) {
+  if (text.find('\0') != std::string_view::npos) RaiseUnfit("A text holds no zero character.");
+}
+
 std::string InputText(const json::value& value) {
   if (const json::string* text = value.if_string()) {
-    if (text->find('\0') != json::string::npos) RaiseUnfit("A text holds no zero character.");
+    CheckZeros(*text);
     return std::string(*text);
   }
   if (value.is_bool() || value.is_int64() || value.is_uint64()) return json::serialize(value);
@@ -117,7 +121,10 @@ TNamedValues InputsIn(const json::object& body) {
   const json::value* const given = body.if_contains("in");
   if (given == nullptr) return inputs;
   if (!given->is_object()) RaiseMalformed("'in' is an object of inputs by name.");
-  for (const auto& [name, value] : given->get_object()) inputs.emplace_back(name, InputText(value));
+  for (const auto& [name, value] : given->get_object()) {
+    CheckZeros(name);
+    inputs.emplace_back(name, InputText(value));
+  }
   return inputs;
 }
 
@@ -149,7 +156,8 @@ void ReadCall(TQuestion& question, const TRequest& request, const TTokenScope& s
 }
 
 std::string LanguageOf(const TRequest& request) {
-  return request.Header("accept-language").starts_with("en") ? "en" : "zh";
+  const std::string_view first = request.Header("accept-language").substr(0, 2);
+  return zanrole::SameText(first, "en") ? "en" : "zh";
 }
 
 }  // namespace

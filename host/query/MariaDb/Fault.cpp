@@ -26,6 +26,14 @@ bool IsLostConnection(unsigned number) {
   }
 }
 
+/// " (for column 'Password' in table 'stusers')": the end of the server's words, without the account before
+/// it.
+std::string DeniedObject(const std::string& text) {
+  const std::size_t behindAccount = text.find("' for ");
+  if (behindAccount == std::string::npos) return {};
+  return fmt::format(" ({})", text.substr(behindAccount + 2));
+}
+
 /// Troubles of being let in by the server; empty for any other.
 std::string DescribeReaching(const TMariaDbError& error, const TMariaDbFaultContext& context) {
   switch (error.Number) {
@@ -42,8 +50,8 @@ std::string DescribeReaching(const TMariaDbError& error, const TMariaDbFaultCont
     case ER_COLUMNACCESS_DENIED_ERROR:
     case ER_PROCACCESS_DENIED_ERROR:
       if (context.Restricted)
-        return fmt::format("The database server {} does not let the restricted user '{}' do this ({}).",
-                           context.Server, context.User, error.Text);
+        return fmt::format("The database server does not let the restricted user do this{}.",
+                           DeniedObject(error.Text));
       return fmt::format(
           "The database server {} does not let the user '{}' do this ({}). Nothing was changed; give that "
           "user "
