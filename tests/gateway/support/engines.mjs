@@ -1,5 +1,8 @@
 // The engines on which a sample company can be made. `start(folder)` gives the data URL, a way to run a statement
-// past the program, and an end.
+// past the program, and an end. Besides: `system`, what stands before the name of a system table; `freshness`, the
+// milliseconds after which an answer shows what was written; `restricted(run)`, the options of a server that calls functions
+// which paste texts, where `run` runs a command of the program; `slowCondition`, a condition on domains that takes about
+// half a second. Of one that is a server: `cut()` ends the connections that call such functions.
 import { execFileSync, spawn } from 'node:child_process'
 import { existsSync, mkdtempSync, openSync, rmSync } from 'node:fs'
 import { userInfo } from 'node:os'
@@ -7,9 +10,14 @@ import { join } from 'node:path'
 
 export const sqlite = {
   name: 'SQLite',
+  isServer: false,
   start: (folder) => ({
     url: `sqlite:${folder}`,
     sql: (statement) => execFileSync('sqlite3', [join(folder, 'zanrole.db'), statement], { encoding: 'utf8' }).trim(),
+    system: '',
+    freshness: 0,
+    restricted: () => [],
+    slowCondition: '1 < (select count(*) from STPermission a, STPermission b, STDomains c, STDomains d, STUsers e)',
     stop: () => {},
   }),
 }
@@ -17,6 +25,7 @@ export const sqlite = {
 /** A server of its own on a local socket, which does not touch one that runs already. */
 export const mariaDb = {
   name: 'MariaDB',
+  isServer: true,
   start(folder) {
     // A socket's path holds 107 bytes, and in memory the tables are made forty times as fast.
     const place = mkdtempSync(existsSync('/dev/shm') ? '/dev/shm/zan-' : '/tmp/zan-')
@@ -30,6 +39,17 @@ export const mariaDb = {
     return {
       url: `mysql://root@localhost/zan_data?system=zan_system&socket=${socket}&folder=${folder}`,
       sql: (statement) => execFileSync('mariadb', [...words, '--batch', '--raw', '--default-character-set=utf8mb4', '--skip-column-names', 'zan_data', '--execute', statement], { encoding: 'utf8' }).trim(),
+      restricted(run) {
+        const account = 'zan_ask@localhost'
+        this.sql(`create user ${account}; ${run(['restricted-account', '--data', this.url, '--account', account])}`)
+        return ['--restricted-data', this.url.replace('//root@', '//zan_ask@')]
+      },
+      system: 'zan_system.',
+      freshness: 2000,
+      cut() {
+        this.sql("kill user 'zan_ask'@'localhost'")
+      },
+      slowCondition: 'sleep(0.2) = 0',
       stop() {
         server.kill('SIGKILL')
         rmSync(place, { recursive: true, force: true })

@@ -19,7 +19,7 @@ export class Interface {
     this.met = met
     this.operations = this.#readOperations()
     this.validators = new Map()
-    this.ajv = new Ajv({ allErrors: true, strict: true, allowUnionTypes: true, strictTypes: false })
+    this.ajv = new Ajv({ allErrors: true, strict: true, allowUnionTypes: true, strictTypes: false, strictRequired: false })
     // Schemas refer to those below this member.
     this.ajv.addVocabulary(['components'])
   }
@@ -39,7 +39,8 @@ export class Interface {
         const parameters = [...(item.parameters ?? []), ...(described.parameters ?? [])].map((one) => this.resolved(one))
         const responses = new Map(Object.entries(described.responses).map(([status, one]) => [Number(status), this.resolved(one)]))
         const needsToken = (described.security ?? this.document.security).length > 0
-        operations.set(described.operationId, { ...described, id: described.operationId, method: method.toUpperCase(), path, parameters, responses, needsToken })
+        const id = described.operationId
+        operations.set(id, { ...described, id, method: method.toUpperCase(), path, parameters, responses, needsToken })
       }
     return operations
   }

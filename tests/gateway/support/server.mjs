@@ -104,7 +104,7 @@ export class Server {
         response.on('data', (part) => parts.push(part))
         response.on('end', () => {
           const text = Buffer.concat(parts).toString('utf8')
-          const isJson = /json/.test(response.headers['content-type'] ?? '')
+          const isJson = text !== '' && /json/.test(response.headers['content-type'] ?? '')
           done({ status: response.statusCode, headers: response.headers, text, body: isJson ? JSON.parse(text) : undefined })
         })
       })
