@@ -55,7 +55,8 @@ void TAnswerWorker::AnswerFirst(TReply reply) {
   const std::shared_ptr<TAsked> asked = std::move(FWaiting.front());
   FWaiting.pop_front();
   FSince = TClock::now();
-  asked->Reply = asked->WasCancelled ? kTookTooLong : std::move(reply);
+  asked->Reply = std::move(reply);
+  if (asked->WasCancelled) asked->Reply = kTookTooLong;
   asked->Answered.Notify();
 }
 

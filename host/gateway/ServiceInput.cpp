@@ -110,7 +110,7 @@ std::string LoginIn(const json::object& body, const TTokenScope& scope) {
     return *only;
   }
   if (!given->is_string()) RaiseMalformed("'login' is a text.");
-  const std::string login(given->get_string());
+  std::string login(given->get_string());
   if (login.empty() || login.size() > kLongestName || !IsPlainText(login))
     RaiseMalformed("'login' is a plain text that is not empty.");
   return login;

@@ -13,7 +13,7 @@ namespace zanhost {
 /// a statement can make it as large as he likes.
 inline constexpr std::chrono::seconds kRestrictedStatement{5};
 inline constexpr std::size_t kRestrictedValues = 1'000'000;
-inline constexpr std::size_t kRestrictedBytes = 64 * 1024 * 1024;
+inline constexpr std::size_t kRestrictedBytes = 64UL * 1024 * 1024;
 
 /// Opens the databases of an installation for statements that hold a text of a caller as it stands. Whatever
 /// that text makes of the statement, the session runs one select at a time, writes nothing, reads no column

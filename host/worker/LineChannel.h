@@ -31,6 +31,7 @@ class TLineChannel {
   /// What runs as soon as a line asks to cancel what is running, on a thread of the channel; null for
   /// nothing. After the return nothing that was set before runs. A channel that does not read ahead never
   /// runs it.
+  // NOLINTNEXTLINE(performance-unnecessary-value-param): a channel that runs it keeps it.
   virtual void SetOnCancel(std::function<void()> /*onCancel*/) {}
 };
 
