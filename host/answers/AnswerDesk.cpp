@@ -59,13 +59,26 @@ TReply TAnswerDesk::Answer(const TQuestion& question) {
   try {
     return {200, AnswerInSession(question)};
   } catch (const ERefusedQuestion& refusal) {
-    if (!NamesOneOf(FPlaces, refusal.what())) return {refusal.Status(), refusal.what()};
-    LogFault(question, refusal);
-    return {503, kUnreadable};
+    return RefusalOf(question, refusal);
   } catch (const zanrole::EZanError& fault) {
-    LogFault(question, fault);
-    return {503, kUnreadable};
+    return Unreadable(question, fault);
   }
+}
+
+// A function fails as well when the server has gone, which is no fault of its caller.
+TReply TAnswerDesk::RefusalOf(const TQuestion& question, const ERefusedQuestion& refusal) {
+  if (NamesOneOf(FPlaces, refusal.what())) return Unreadable(question, refusal);
+  try {
+    if (question.Kind == TQuestionKind::Call) FSessions.CheckData();
+  } catch (const zanrole::EDatabaseError& fault) {
+    return Unreadable(question, fault);
+  }
+  return {refusal.Status(), refusal.what()};
+}
+
+TReply TAnswerDesk::Unreadable(const TQuestion& question, const std::exception& fault) {
+  LogFault(question, fault);
+  return {503, kUnreadable};
 }
 
 std::string TAnswerDesk::AnswerInSession(const TQuestion& question) {

@@ -23,6 +23,8 @@ class TAnswerDesk {
 
  private:
   std::string AnswerInSession(const TQuestion& question);
+  TReply RefusalOf(const TQuestion& question, const ERefusedQuestion& refusal);
+  TReply Unreadable(const TQuestion& question, const std::exception& fault);
   void LogFault(const TQuestion& question, const std::exception& fault);
 
   TInstallation FInstallation;

@@ -50,10 +50,13 @@ TDatabase& TAnswerSessions::DatabaseFor(const TSessionKey& key) {
                            "functions only when it is started with --restricted-data.");
   if (FRestricted == nullptr) {
     FRestricted = OpenRestricted(FRestrictedData);
+    FRestricted->SetTrace(FInstallation.Trace());
     FInterruptible = FRestricted.get();
   }
   return *FRestricted;
 }
+
+void TAnswerSessions::CheckData() { FindAccount(FInstallation.Database(), {}); }
 
 void TAnswerSessions::Interrupt() noexcept {
   FInstallation.Database().Interrupt();

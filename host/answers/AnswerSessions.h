@@ -29,6 +29,8 @@ class TAnswerSessions {
   /// The session of a key, in the language of the key. It lives until the next call. Raises ERefusedQuestion
   /// for an unknown login and where no restricted connection can be had, otherwise EDatabaseError.
   TAnswerSession& Find(const TSessionKey& key);
+  /// Raises EDatabaseError when the data cannot be read.
+  void CheckData();
   /// Ends the statement that is running. From any thread.
   void Interrupt() noexcept;
   /// To be called when nothing is asked for a while.

@@ -6,6 +6,7 @@
 #include "host/gateway/Gateway.h"
 #include "host/platform/InstalledData.h"
 #include "host/query/DataUrl.h"
+#include "host/query/RestrictedDatabase.h"
 
 namespace zanhost {
 
@@ -87,6 +88,7 @@ void AddAnswering(CLI::App& command, TServeOptions& options) {
 int ServeInstalled(const TServeOptions& options) {
   // Said before anything is made or listened to.
   OpenInstalledData(options.Data);
+  if (!options.RestrictedData.empty()) OpenRestricted(options.RestrictedData);
   return Serve(options);
 }
 

@@ -1,7 +1,9 @@
 #include "host/gateway/AnswerWorker.h"
 
+#include <fmt/format.h>
+
 #include <charconv>
-#include <system_error>
+#include <exception>
 #include <utility>
 
 namespace zanhost {
@@ -11,7 +13,8 @@ namespace {
 /// A statement that was told to end may take so long until it has.
 constexpr std::chrono::seconds kCancelTime{5};
 constexpr int kMostEndsInRow = 3;
-constexpr std::string_view kCancelLine = R"({"do":"cancel"})";
+/// A process that cannot start is not tried again for so long.
+constexpr std::chrono::seconds kRest{1};
 
 const TReply kTookTooLong{503, "The answer took too long."};
 const TReply kProcessEnded{503, "The process that was to answer has ended. Ask again."};
@@ -31,16 +34,38 @@ std::optional<TNumber> TakeNumber(std::string_view& text) {
 }  // namespace
 
 void TAnswerWorker::Ask(std::shared_ptr<TAsked> asked) {
+  if (FIsClosed) {
+    asked->Reply = kStopped;
+    return;
+  }
+  if (!FWorker && Rests()) {
+    asked->Reply = kProcessEnded;
+    return;
+  }
   if (FWaiting.empty()) FSince = TClock::now();
   FWaiting.push_back(std::move(asked));
-  if (FIsClosed) return AnswerAll(kStopped);
-  try {
-    if (!FWorker) Start();
+  if (FWorker)
     Send(*FWaiting.back());
-  } catch (const std::system_error& fault) {
+  else
+    StartForWaiting();
+}
+
+bool TAnswerWorker::Rests() const { return FEndsInRow >= kMostEndsInRow && TClock::now() - FEnded < kRest; }
+
+void TAnswerWorker::StartForWaiting() {
+  try {
+    Start();
+    for (const auto& asked : FWaiting) Send(*asked);
+  } catch (const std::exception& fault) {
     LogLine("answer process start", fault.what());
+    NoteEnd();
     AnswerAll(kProcessEnded);
   }
+}
+
+void TAnswerWorker::NoteEnd() {
+  ++FEndsInRow;
+  FEnded = TClock::now();
 }
 
 void TAnswerWorker::Start() {
@@ -84,16 +109,10 @@ void TAnswerWorker::OnWorkerEnd(int status) {
   LogLine("answer process end", DescribeStatus(status));
   if (FWaiting.empty()) return;
   AnswerFirst(kProcessEnded);
+  NoteEnd();
   // One that never gets to answering is not started for each of them.
-  if (++FEndsInRow >= kMostEndsInRow) AnswerAll(kProcessEnded);
-  if (FWaiting.empty()) return;
-  try {
-    Start();
-    for (const auto& asked : FWaiting) Send(*asked);
-  } catch (const std::system_error& fault) {
-    LogLine("answer process start", fault.what());
-    AnswerAll(kProcessEnded);
-  }
+  if (FEndsInRow >= kMostEndsInRow) AnswerAll(kProcessEnded);
+  if (!FWaiting.empty()) StartForWaiting();
 }
 
 void TAnswerWorker::Tick() {
@@ -103,7 +122,7 @@ void TAnswerWorker::Tick() {
   if (took > FSettings.Limit && !first.WasCancelled) {
     LogLine("answer process", "a question took too long");
     first.WasCancelled = true;
-    FWorker->Send(std::string(kCancelLine));
+    FWorker->Send(fmt::format(R"({{"n":{},"do":"cancel"}})", first.Question.Number));
   } else if (took > FSettings.Limit + kCancelTime) {
     FWorker->Kill();
   }

@@ -66,6 +66,11 @@ class TAnswerWorker final : public TWorkerOwner, public std::enable_shared_from_
   void OnWorkerEnd(int status) override;
 
   void Start();
+  /// Starts the process and sends it all that waits.
+  void StartForWaiting();
+  void NoteEnd();
+  /// The process could not start, and is not tried again yet.
+  bool Rests() const;
   void Send(const TAsked& asked) { FWorker->Send(QuestionLine(asked.Question)); }
   /// Answers the question that has waited longest.
   void AnswerFirst(TReply reply);
@@ -81,6 +86,7 @@ class TAnswerWorker final : public TWorkerOwner, public std::enable_shared_from_
   TClock::time_point FSince;
   /// How often the process has ended without an answer in between.
   int FEndsInRow = 0;
+  TClock::time_point FEnded;
   bool FIsClosed = false;
 };
 

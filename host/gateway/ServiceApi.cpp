@@ -2,6 +2,8 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+#include <array>
 #include <utility>
 
 #include "host/answers/PastingFunctions.h"
@@ -73,6 +75,28 @@ std::string LackForFunction(const TTokenScope& scope, const std::string& name) {
   return "The token is not for this function.";
 }
 
+/// Inputs of functions that name logins, several of them joined by commas.
+constexpr std::array<std::string_view, 3> kLoginInputs{"当前用户", "用户号", "用户号集"};
+
+/// May the token ask about all logins that an input names?
+bool AllowsNamed(const TTokenScope& scope, std::string_view logins) {
+  while (!logins.empty()) {
+    const std::size_t comma = std::min(logins.find(','), logins.size());
+    const std::string login = zanrole::Trim(logins.substr(0, comma));
+    if (!login.empty() && !scope.AllowsLogin(login)) return false;
+    logins.remove_prefix(std::min(comma + 1, logins.size()));
+  }
+  return true;
+}
+
+bool AllowsInputs(const TTokenScope& scope, const TNamedValues& inputs) {
+  return std::all_of(inputs.begin(), inputs.end(), [&scope](const auto& input) {
+    const bool namesLogins =
+        std::find(kLoginInputs.begin(), kLoginInputs.end(), input.first) != kLoginInputs.end();
+    return !namesLogins || AllowsNamed(scope, input.second);
+  });
+}
+
 /// What the scope lacks for a question; empty when it lacks nothing.
 std::string LackOf(const TTokenScope& scope, const TQuestion& question) {
   const std::string_view name = QuestionName(question.Kind);
@@ -85,7 +109,8 @@ std::string LackOf(const TTokenScope& scope, const TQuestion& question) {
   if (question.Kind == TQuestionKind::Holders)
     return scope.AllowsAllLogins() ? "" : "Who holds a right is told to tokens for all logins only.";
   const bool isAboutLogin = !question.Login.empty();
-  return isAboutLogin && !scope.AllowsLogin(question.Login) ? "The token is not for this login." : "";
+  const bool allows = !isAboutLogin || scope.AllowsLogin(question.Login);
+  return allows && AllowsInputs(scope, question.Inputs) ? "" : "The token is not for this login.";
 }
 
 TAnswer AnswerOf(TReply reply) {

@@ -9,6 +9,7 @@
 #include <limits>
 
 #include "host/answers/Reply.h"
+#include "host/platform/Utf8.h"
 
 namespace zanhost {
 

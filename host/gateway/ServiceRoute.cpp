@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <array>
-#include <boost/locale/utf.hpp>
 
 #include "host/gateway/Request.h"
+#include "host/platform/Utf8.h"
 
 namespace zanhost {
 
@@ -36,15 +36,6 @@ std::optional<std::string_view> NameIn(std::string_view path, const TPattern& pa
 }
 
 }  // namespace
-
-bool IsPlainText(std::string_view text) {
-  using TUtf8 = boost::locale::utf::utf_traits<char>;
-  for (const char* at = text.begin(); at != text.end();) {
-    const boost::locale::utf::code_point point = TUtf8::decode(at, text.end());
-    if (!boost::locale::utf::is_valid_codepoint(point) || point < ' ' || point == '\x7f') return false;
-  }
-  return true;
-}
 
 bool IsServicePath(std::string_view path) {
   return path == kDocument || path == kFunctions ||

@@ -23,7 +23,4 @@ bool IsServicePath(std::string_view path);
 /// such address, or when its name cannot be decoded to a text.
 std::optional<TServiceRoute> ServiceRouteOf(std::string_view method, std::string_view path);
 
-/// Is it UTF-8 without control characters?
-bool IsPlainText(std::string_view text);
-
 }  // namespace zanhost

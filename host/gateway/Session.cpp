@@ -30,7 +30,7 @@ void TLoginSession::Attach(std::shared_ptr<TPeer> peer) {
   try {
     if (!FWorker) StartWorker();
     AskForSnapshot();
-  } catch (const std::system_error& fault) {
+  } catch (const std::exception& fault) {
     LogLine("worker start", fault.what());
     End("crashed", "The session's process cannot be started.");
   }

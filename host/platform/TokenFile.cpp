@@ -5,6 +5,7 @@
 #include <sys/file.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <boost/json.hpp>
 #include <cerrno>
 #include <system_error>
@@ -70,17 +71,24 @@ std::chrono::system_clock::time_point TimeOf(const json::object& object, const c
   return *time;
 }
 
+std::vector<std::string> NamesOf(const json::object& object, const char* name) {
+  auto names = MemberOf<std::vector<std::string>>(object, name);
+  // An empty login would be nobody, as whom all is allowed.
+  if (std::find(names.begin(), names.end(), std::string()) != names.end())
+    throw EBadTokens(fmt::format("the \"{}\" of a token have an empty name", name));
+  return names;
+}
+
 TToken TokenOf(const json::object& object) {
-  using TNames = std::vector<std::string>;
   TToken token;
   token.Id = MemberOf<std::string>(object, "id");
   token.Name = MemberOf<std::string>(object, "name");
   token.SecretHash = MemberOf<std::string>(object, "hash");
   token.Created = TimeOf(object, "created");
   token.Expires = TimeOf(object, "expires");
-  token.Scope = {MemberOf<TNames>(object, "functions"), MemberOf<TNames>(object, "questions"),
-                 MemberOf<TNames>(object, "logins")};
+  token.Scope = {NamesOf(object, "functions"), NamesOf(object, "questions"), NamesOf(object, "logins")};
   token.PerSecond = MemberOf<unsigned>(object, "perSecond");
+  if (token.PerSecond == 0) throw EBadTokens("the \"perSecond\" of a token is 0");
   // What is not understood could restrict the token further.
   if (object.size() != DescribeToken(token).size() + 1)
     throw EBadTokens("a token has members that this version does not know");

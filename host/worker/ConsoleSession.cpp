@@ -16,7 +16,7 @@ TConsoleSession::TConsoleSession(const TSessionOptions& options, TLineChannel& c
       FSession(FInstallation.Module(), FHost) {
   if (options.Domain) FInstallation.Module().Entries()->SetCurrentDomainID(*options.Domain);
   FLoop.OnIdle = [this] { FInstallation.Database().ReleaseIdle(); };
-  FChannel->SetOnCancel([this] { FInstallation.Database().Interrupt(); });
+  FChannel->SetOnCancel([this](std::int64_t) { FInstallation.Database().Interrupt(); });
   FLoop.OnOperation = [this](const TOperationReport& report) { Log(report); };
 }
 

@@ -46,6 +46,8 @@ class TInstallation {
   TResources& Resources() { return FResources; }
   const TSettings& Settings() const { return FSettings; }
   TLog& Log() { return FLog; }
+  /// Null when nothing is traced.
+  TTrace* Trace() { return FTrace.get(); }
   const TModule& Module() const { return FModule.Symbols(); }
 
  private:

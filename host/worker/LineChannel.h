@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -18,6 +19,9 @@ enum class TReading {
   Closed
 };
 
+/// Gets the number of the line that asks to cancel.
+using TOnCancel = std::function<void(std::int64_t number)>;
+
 /// Lines to and from whoever drives a session. Used by one thread.
 class TLineChannel {
  public:
@@ -32,7 +36,7 @@ class TLineChannel {
   /// nothing. After the return nothing that was set before runs. A channel that does not read ahead never
   /// runs it.
   // NOLINTNEXTLINE(performance-unnecessary-value-param): a channel that runs it keeps it.
-  virtual void SetOnCancel(std::function<void()> /*onCancel*/) {}
+  virtual void SetOnCancel(TOnCancel /*onCancel*/) {}
 };
 
 /// A channel over two file descriptors, which it does not own.

@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <array>
+#include <optional>
 #include <system_error>
 
 #include "host/worker/Event.h"
@@ -16,13 +17,15 @@ namespace {
 /// Lines beyond these wait in the channel itself.
 constexpr std::size_t kMostLinesAhead = 1000;
 
-bool AsksToCancel(const std::string& line) {
+/// The number of a line that asks to cancel; nothing for all others.
+std::optional<std::int64_t> CancelIn(const std::string& line) {
   // Most lines are told apart without being parsed twice.
-  if (line.find("\"cancel\"") == std::string::npos) return false;
+  if (line.find("\"cancel\"") == std::string::npos) return std::nullopt;
   try {
-    return ParseEvent(line).Do == TDo::Cancel;
+    const TEvent event = ParseEvent(line);
+    return event.Do == TDo::Cancel ? std::optional(event.Number) : std::nullopt;
   } catch (const EProtocolError&) {
-    return false;
+    return std::nullopt;
   }
 }
 
@@ -69,7 +72,7 @@ TReading TWatchedChannel::Read(std::string& line, bool wait) {
   return reading;
 }
 
-void TWatchedChannel::SetOnCancel(std::function<void()> onCancel) {
+void TWatchedChannel::SetOnCancel(TOnCancel onCancel) {
   const std::lock_guard lock(FCancelMutex);
   FOnCancel = std::move(onCancel);
 }
@@ -101,15 +104,15 @@ bool TWatchedChannel::WaitForInput() const {
 }
 
 void TWatchedChannel::Pass(TItem item) {
-  const bool cancels = item.Reading == TReading::Line && AsksToCancel(item.Line);
+  const auto cancel = item.Reading == TReading::Line ? CancelIn(item.Line) : std::nullopt;
   {
     const std::lock_guard lock(FMutex);
     FAhead.push_back(std::move(item));
   }
   FChanged.notify_all();
-  if (!cancels) return;
+  if (!cancel) return;
   const std::lock_guard lock(FCancelMutex);
-  if (FOnCancel) FOnCancel();
+  if (FOnCancel) FOnCancel(*cancel);
 }
 
 }  // namespace zanhost

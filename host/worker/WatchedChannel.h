@@ -26,7 +26,7 @@ class TWatchedChannel final : public TLineChannel {
   bool Wait(std::chrono::milliseconds time) override;
   TReading Read(std::string& line, bool wait) override;
   void Write(std::string_view line) override { FOut.Write(line); }
-  void SetOnCancel(std::function<void()> onCancel) override;
+  void SetOnCancel(TOnCancel onCancel) override;
 
  private:
   struct TItem {
@@ -52,7 +52,7 @@ class TWatchedChannel final : public TLineChannel {
   bool FStopping = false;
 
   std::mutex FCancelMutex;  ///< held while the action runs
-  std::function<void()> FOnCancel;
+  TOnCancel FOnCancel;
 
   std::thread FWatcher;
 };

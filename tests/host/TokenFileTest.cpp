@@ -67,6 +67,8 @@ TEST_F(TokenFile, AnythingElseIsAFaultAndNeverNoTokens) {
         good + "x", good.substr(0, good.size() / 2), Replaced(good, "\"logins\"", "\"login\""),
         Replaced(good, "\"perSecond\":100", "\"perSecond\":\"100\""),
         Replaced(good, "\"perSecond\":100", "\"perSecond\":-1"),
+        Replaced(good, "\"perSecond\":100", "\"perSecond\":0"),
+        Replaced(good, "\"logins\":[\"", "\"logins\":[\"\",\""),
         Replaced(good, "\"perSecond\":100", "\"perSecond\":100,\"onlyFrom\":\"10.0.0.1\""),
         Replaced(good, "[\"li\"]", "\"li\""), Replaced(good, "[\"li\"]", "[1]"),
         Replaced(good, "2027-04-15T08:00:00Z", "2027-04-31T08:00:00Z")}) {

@@ -93,7 +93,7 @@ TEST(WatchedChannel, HasNothingWhenNothingCame) {
 TEST(WatchedChannel, CancelsWhileNobodyReads) {
   std::atomic<int> cancelled = 0;
   TLine line;
-  line.Channel->SetOnCancel([&] { ++cancelled; });
+  line.Channel->SetOnCancel([&](std::int64_t) { ++cancelled; });
   line.Say(R"({"n":1,"do":"act","window":1,"name":"cancel"})");
   line.Say(kCancel);
   const auto start = std::chrono::steady_clock::now();
