@@ -150,6 +150,20 @@ export function tokens(services) {
     }
   })
 
+  it('open only the logins that they name also in the inputs that hold logins', async () => {
+    const token = services.token({ logins: 'linjuan,matao' })
+    const ask = (name, inputs) => services.ask('callFunction', { name }, { token, body: { login: 'linjuan', in: inputs } })
+    assert.equal((await ask('RoleSuperiorEx', { 当前用户: 'matao' })).status, 200)
+    assert.equal((await ask('RoleGetUserOIDS', { 用户号集: 'linjuan, matao' })).status, 200)
+    for (const [name, inputs] of [
+      ['RoleSuperiorEx', { 当前用户: 'admin' }],
+      ['RoleDepartmentName', { 用户号: 'admin' }],
+      ['RoleGetUserOIDS', { 用户号集: 'linjuan,admin' }],
+      ['RoleGetUserOIDS', { 用户号集: "linjuan','admin" }],
+    ])
+      assert.equal((await ask(name, inputs)).status, 403, JSON.stringify(inputs))
+  })
+
   it('open only the logins that they name, and tell nothing of others', async () => {
     const token = services.token({ logins: 'linjuan' })
     assert.equal((await services.ask(...MENUS, { token })).status, 200)
