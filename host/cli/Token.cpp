@@ -113,7 +113,7 @@ std::filesystem::path RequireFolder(const TSessionOptions& options) {
 
 int ListTokens(const TSessionOptions& options) {
   const TClock::time_point now = TClock::now();
-  for (const TToken& token : ReadTokens(RequireFolder(options))) {
+  for (const TBearerToken& token : ReadTokens(RequireFolder(options))) {
     json::object line = DescribeToken(token);
     line["expired"] = token.IsExpired(now);
     fmt::print("{}\n", json::serialize(line));
@@ -124,7 +124,7 @@ int ListTokens(const TSessionOptions& options) {
 int RevokeAndTell(const TRevokeCommand& command) {
   const std::filesystem::path folder = RequireFolder(command.Session);
   // The log gets what was found, not what was typed: that may be the text of a token.
-  const TToken token = FindToken(folder, command.Wanted, TClock::now());
+  const TBearerToken token = FindToken(folder, command.Wanted, TClock::now());
   return RunLogged(command.Session, fmt::format("token revoke {} {}", token.Id, token.Name), [&] {
     RevokeToken(folder, token.Id);
     fmt::print("The token {} ({}) is revoked.\n", token.Id, token.Name);

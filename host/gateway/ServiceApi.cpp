@@ -142,7 +142,7 @@ TAdmission TServiceApi::Admit(const TRequest& request) {
 }
 
 std::optional<TAnswer> TServiceApi::RefuseToken(const TRequest& request) {
-  TToken token;
+  TBearerToken token;
   try {
     const TTokenVerdict verdict = FTokens.Check(BearerOf(request), std::chrono::system_clock::now(), token);
     if (verdict != TTokenVerdict::Valid) return RefuseBearer(request, verdict);
@@ -153,7 +153,7 @@ std::optional<TAnswer> TServiceApi::RefuseToken(const TRequest& request) {
   return RefuseRate(token);
 }
 
-std::optional<TAnswer> TServiceApi::RefuseRate(const TToken& token) {
+std::optional<TAnswer> TServiceApi::RefuseRate(const TBearerToken& token) {
   const auto wait = FRates.Take(token, std::chrono::steady_clock::now());
   if (!wait) return std::nullopt;
   return TooOften("The token asks too often.", *wait);
@@ -186,7 +186,7 @@ TTask<TAnswer> TServiceApi::Answer(const TRequest& request) {
 }
 
 TTask<TAnswer> TServiceApi::AnswerQuestion(const TServiceRoute& route, const TRequest& request) {
-  TToken token;
+  TBearerToken token;
   // Asked again: while the body came, the token may have been revoked.
   const TTokenVerdict verdict = FTokens.Check(BearerOf(request), std::chrono::system_clock::now(), token);
   if (verdict != TTokenVerdict::Valid) co_return RefuseBearer(request, verdict);
@@ -201,7 +201,7 @@ TTask<TAnswer> TServiceApi::AnswerQuestion(const TServiceRoute& route, const TRe
   co_return AnswerOf(co_await FPool.Ask(std::move(question)));
 }
 
-void TServiceApi::LogLine(const TToken& token, const TQuestion& question, std::string_view outcome) {
+void TServiceApi::LogLine(const TBearerToken& token, const TQuestion& question, std::string_view outcome) {
   std::string operation = fmt::format("ask {}", WordOf(question.Kind));
   if (!question.Function.empty()) operation += " " + question.Function;
   FLog.Write({"token " + token.Id, question.Login, std::move(operation), std::string(outcome), {}});

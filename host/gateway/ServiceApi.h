@@ -34,10 +34,10 @@ class TServiceApi {
 
  private:
   std::optional<TAnswer> RefuseToken(const TRequest& request);
-  std::optional<TAnswer> RefuseRate(const TToken& token);
+  std::optional<TAnswer> RefuseRate(const TBearerToken& token);
   TAnswer RefuseBearer(const TRequest& request, TTokenVerdict verdict);
   TTask<TAnswer> AnswerQuestion(const TServiceRoute& route, const TRequest& request);
-  void LogLine(const TToken& token, const TQuestion& question, std::string_view outcome);
+  void LogLine(const TBearerToken& token, const TQuestion& question, std::string_view outcome);
 
   TAnswerPool& FPool;
   TLog& FLog;

@@ -12,7 +12,7 @@ constexpr std::chrono::seconds kFullAfter{1};
 
 }  // namespace
 
-std::optional<std::chrono::seconds> TTokenRates::Take(const TToken& token, TTime now) {
+std::optional<std::chrono::seconds> TTokenRates::Take(const TBearerToken& token, TTime now) {
   if (FCredits.size() >= kMostCredits) DropFull(now);
   const double perSecond = token.PerSecond;
   const auto [entry, isNew] = FCredits.try_emplace(token.Id, TCredit{perSecond, now});

@@ -15,7 +15,7 @@ class TTokenRates {
   using TTime = std::chrono::steady_clock::time_point;
 
   /// Counts a request. When it is one too many, gives how long to wait.
-  std::optional<std::chrono::seconds> Take(const TToken& token, TTime now);
+  std::optional<std::chrono::seconds> Take(const TBearerToken& token, TTime now);
 
  private:
   /// What a token may still ask, as of a time.

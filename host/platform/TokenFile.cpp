@@ -79,8 +79,8 @@ std::vector<std::string> NamesOf(const json::object& object, const char* name) {
   return names;
 }
 
-TToken TokenOf(const json::object& object) {
-  TToken token;
+TBearerToken TokenOf(const json::object& object) {
+  TBearerToken token;
   token.Id = MemberOf<std::string>(object, "id");
   token.Name = MemberOf<std::string>(object, "name");
   token.SecretHash = MemberOf<std::string>(object, "hash");
@@ -95,7 +95,7 @@ TToken TokenOf(const json::object& object) {
   return token;
 }
 
-json::object ObjectOf(const TToken& token) {
+json::object ObjectOf(const TBearerToken& token) {
   json::object object = DescribeToken(token);
   object["hash"] = token.SecretHash;
   return object;
@@ -108,11 +108,11 @@ const json::array& ListIn(const json::value& document) {
   return list->get_array();
 }
 
-std::vector<TToken> ParseTokens(const std::string& text) {
+std::vector<TBearerToken> ParseTokens(const std::string& text) {
   json::error_code failure;
   const json::value document = json::parse(text, failure);
   if (failure) throw EBadTokens("it is no JSON: " + failure.message());
-  std::vector<TToken> tokens;
+  std::vector<TBearerToken> tokens;
   for (const json::value& token : ListIn(document)) {
     if (!token.is_object()) throw EBadTokens("a token is no object");
     tokens.push_back(TokenOf(token.get_object()));
@@ -121,17 +121,17 @@ std::vector<TToken> ParseTokens(const std::string& text) {
 }
 
 // One token a line, for people who look into the file.
-std::string TextOf(const std::vector<TToken>& tokens) {
+std::string TextOf(const std::vector<TBearerToken>& tokens) {
   std::string text = "{\"tokens\":[";
   const char* separator = "\n";
-  for (const TToken& token : tokens) {
+  for (const TBearerToken& token : tokens) {
     text += separator + json::serialize(ObjectOf(token));
     separator = ",\n";
   }
   return text + "\n]}\n";
 }
 
-std::vector<TToken> ReadIfThere(const fs::path& file) {
+std::vector<TBearerToken> ReadIfThere(const fs::path& file) {
   try {
     const std::string text = ReadFile(file);
     if (IsOpenToOthers(file))
@@ -145,7 +145,7 @@ std::vector<TToken> ReadIfThere(const fs::path& file) {
 }
 
 // What could not be read again, such as a name that is no UTF-8, is not written.
-void WriteTokens(const fs::path& folder, const std::vector<TToken>& tokens) {
+void WriteTokens(const fs::path& folder, const std::vector<TBearerToken>& tokens) {
   const std::string text = TextOf(tokens);
   try {
     ParseTokens(text);
@@ -162,7 +162,7 @@ void WriteTokens(const fs::path& folder, const std::vector<TToken>& tokens) {
 
 fs::path TokenFileOf(const fs::path& folder) { return folder / "tokens.json"; }
 
-std::vector<TToken> ReadTokens(const fs::path& folder) {
+std::vector<TBearerToken> ReadTokens(const fs::path& folder) {
   const fs::path file = TokenFileOf(folder);
   try {
     return ReadIfThere(file);
@@ -171,14 +171,14 @@ std::vector<TToken> ReadTokens(const fs::path& folder) {
   }
 }
 
-void ChangeTokens(const fs::path& folder, const std::function<void(std::vector<TToken>&)>& change) {
+void ChangeTokens(const fs::path& folder, const std::function<void(std::vector<TBearerToken>&)>& change) {
   const TTokenLock lock(folder);
-  std::vector<TToken> tokens = ReadTokens(folder);
+  std::vector<TBearerToken> tokens = ReadTokens(folder);
   change(tokens);
   WriteTokens(folder, tokens);
 }
 
-json::object DescribeToken(const TToken& token) {
+json::object DescribeToken(const TBearerToken& token) {
   const auto list = [](const std::vector<std::string>& names) {
     return json::array(names.begin(), names.end());
   };

@@ -47,14 +47,14 @@ void RequireGoodScope(const TTokenScope& scope) {
   for (const std::string& question : scope.Questions) RequireQuestion(question);
 }
 
-const TToken* FindInForce(const std::vector<TToken>& tokens, std::string_view name, TTime now) {
+const TBearerToken* FindInForce(const std::vector<TBearerToken>& tokens, std::string_view name, TTime now) {
   const auto found = std::ranges::find_if(
-      tokens, [&](const TToken& token) { return token.Name == name && !token.IsExpired(now); });
+      tokens, [&](const TBearerToken& token) { return token.Name == name && !token.IsExpired(now); });
   return found != tokens.end() ? &*found : nullptr;
 }
 
-const TToken* FindById(const std::vector<TToken>& tokens, std::string_view id) {
-  const auto found = std::ranges::find(tokens, id, &TToken::Id);
+const TBearerToken* FindById(const std::vector<TBearerToken>& tokens, std::string_view id) {
+  const auto found = std::ranges::find(tokens, id, &TBearerToken::Id);
   return found != tokens.end() ? &*found : nullptr;
 }
 
@@ -78,7 +78,7 @@ TNewToken AddToken(const std::filesystem::path& folder, const TTokenRequest& req
   RequireGoodExpiry(request.Expires, now);
   RequireGoodScope(request.Scope);
   TNewToken made = MakeToken(request, now);
-  ChangeTokens(folder, [&](std::vector<TToken>& tokens) {
+  ChangeTokens(folder, [&](std::vector<TBearerToken>& tokens) {
     Require(FindInForce(tokens, request.Name, now) == nullptr,
             fmt::format("A token in force has the name '{}' already.", request.Name));
     tokens.push_back(made.Token);
@@ -86,10 +86,10 @@ TNewToken AddToken(const std::filesystem::path& folder, const TTokenRequest& req
   return made;
 }
 
-TToken FindToken(const std::filesystem::path& folder, std::string_view wanted, TTime now) {
-  const std::vector<TToken> tokens = ReadTokens(folder);
+TBearerToken FindToken(const std::filesystem::path& folder, std::string_view wanted, TTime now) {
+  const std::vector<TBearerToken> tokens = ReadTokens(folder);
   const std::string_view idOfText = TokenIdOf(wanted);
-  const TToken* token = FindById(tokens, idOfText.empty() ? wanted : idOfText);
+  const TBearerToken* token = FindById(tokens, idOfText.empty() ? wanted : idOfText);
   if (token == nullptr) token = FindInForce(tokens, wanted, now);
   if (token == nullptr)
     throw zanrole::EZanError(
@@ -98,8 +98,8 @@ TToken FindToken(const std::filesystem::path& folder, std::string_view wanted, T
 }
 
 void RevokeToken(const std::filesystem::path& folder, std::string_view id) {
-  ChangeTokens(folder, [id](std::vector<TToken>& tokens) {
-    std::erase_if(tokens, [id](const TToken& token) { return token.Id == id; });
+  ChangeTokens(folder, [id](std::vector<TBearerToken>& tokens) {
+    std::erase_if(tokens, [id](const TBearerToken& token) { return token.Id == id; });
   });
 }
 

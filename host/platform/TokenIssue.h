@@ -24,7 +24,7 @@ struct TTokenRequest {
 };
 
 struct TNewToken {
-  TToken Token;
+  TBearerToken Token;
   /// What its holder presents. It is kept nowhere.
   std::string Text;
 };
@@ -38,8 +38,8 @@ TNewToken AddToken(const std::filesystem::path& folder, const TTokenRequest& req
 
 /// The token that a person means: by its ID, by its name when it is in force, or by its whole text. Raises
 /// EZanError when there is none.
-TToken FindToken(const std::filesystem::path& folder, std::string_view wanted,
-                 std::chrono::system_clock::time_point now);
+TBearerToken FindToken(const std::filesystem::path& folder, std::string_view wanted,
+                       std::chrono::system_clock::time_point now);
 
 /// Forgets the token with this ID; it lets nobody in from then on. No fault when there is none.
 void RevokeToken(const std::filesystem::path& folder, std::string_view id);

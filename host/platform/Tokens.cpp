@@ -39,7 +39,7 @@ std::optional<std::string> TTokenScope::OnlyLogin() const {
 }
 
 TTokenVerdict TTokenBook::Check(std::string_view text, std::chrono::system_clock::time_point now,
-                                TToken& found) {
+                                TBearerToken& found) {
   Refresh();
   const auto token = FTokens.find(TokenIdOf(text));
   const bool isKnown = token != FTokens.end();
@@ -67,7 +67,7 @@ void TTokenBook::Refresh() {
 void TTokenBook::ReadAgain(const std::optional<TFileStamp>& stamp) {
   const bool isSettled = !stamp || IsSettled(*stamp);
   FTokens.clear();
-  for (TToken& token : ReadTokens(FFolder)) {
+  for (TBearerToken& token : ReadTokens(FFolder)) {
     std::string id = token.Id;
     FTokens.emplace(std::move(id), std::move(token));
   }

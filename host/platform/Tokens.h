@@ -39,7 +39,7 @@ struct TTokenScope {
 };
 
 /// A bearer token without its secret. Times are whole seconds.
-struct TToken {
+struct TBearerToken {
   /// 12 letters and digits; no secret.
   std::string Id;
   /// What people call it.
@@ -87,7 +87,7 @@ class TTokenBook {
   /// `text`: what the caller presents. Fills `found` unless the verdict is Unknown. Takes as long for an
   /// unknown ID as for a wrong secret. Raises ETokensUnreadable for as long as the tokens cannot be read; an
   /// installation without tokens is no fault.
-  TTokenVerdict Check(std::string_view text, std::chrono::system_clock::time_point now, TToken& found);
+  TTokenVerdict Check(std::string_view text, std::chrono::system_clock::time_point now, TBearerToken& found);
 
  private:
   void Refresh();
@@ -98,7 +98,7 @@ class TTokenBook {
   bool FIsCurrent = false;
   /// Of the file that was read; nothing when there was none.
   std::optional<TFileStamp> FStamp;
-  std::map<std::string, TToken, std::less<>> FTokens;
+  std::map<std::string, TBearerToken, std::less<>> FTokens;
   /// What the last check raised; empty when it raised nothing.
   std::string FFault;
 };

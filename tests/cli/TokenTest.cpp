@@ -60,7 +60,7 @@ class TokenCommand : public testing::Test {
 
   /// What a server says about it, `later` from now.
   static TTokenVerdict Verdict(const std::string& text, std::chrono::seconds later = {}) {
-    zanhost::TToken found;
+    zanhost::TBearerToken found;
     return zanhost::TTokenBook(FSample->Folder()).Check(text, system_clock::now() + later, found);
   }
 
@@ -112,7 +112,7 @@ TEST_F(TokenCommand, ListOfNoneIsEmpty) { EXPECT_THAT(List(), IsEmpty()); }
 
 TEST_F(TokenCommand, ListTellsWhatIsExpired) {
   Added(Add("a"));
-  zanhost::ChangeTokens(FSample->Folder(), [](std::vector<zanhost::TToken>& tokens) {
+  zanhost::ChangeTokens(FSample->Folder(), [](std::vector<zanhost::TBearerToken>& tokens) {
     tokens[0].Expires = tokens[0].Created - std::chrono::seconds(1);
   });
   EXPECT_EQ(List().at(0).at("expired"), true);

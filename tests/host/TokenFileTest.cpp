@@ -42,8 +42,8 @@ class TokenFile : public zantest::TTokenFixture {
 TEST_F(TokenFile, WithoutAFileThereAreNoTokens) { EXPECT_THAT(ReadTokens(Folder()), IsEmpty()); }
 
 TEST_F(TokenFile, WhatIsWrittenIsReadBack) {
-  const TToken made = Add("报表 \"\\\n").Token;
-  const std::vector<TToken> tokens = ReadTokens(Folder());
+  const TBearerToken made = Add("报表 \"\\\n").Token;
+  const std::vector<TBearerToken> tokens = ReadTokens(Folder());
   ASSERT_THAT(tokens, SizeIs(1));
   EXPECT_EQ(DescribeToken(tokens[0]), DescribeToken(made));
   EXPECT_EQ(tokens[0].SecretHash, made.SecretHash);
@@ -52,7 +52,7 @@ TEST_F(TokenFile, WhatIsWrittenIsReadBack) {
 }
 
 TEST_F(TokenFile, DescriptionHasNoHash) {
-  const TToken made = Add("a").Token;
+  const TBearerToken made = Add("a").Token;
   const boost::json::object described = DescribeToken(made);
   EXPECT_EQ(described.if_contains("hash"), nullptr);
   EXPECT_EQ(described.at("expires"), "2027-04-15T08:00:00Z");
@@ -94,7 +94,7 @@ TEST_F(TokenFile, FolderInItsPlaceIsAFault) {
 TEST_F(TokenFile, ChangeThatRaisesWritesNothing) {
   Add("a");
   const std::string before = ReadFile(TokenFileOf(Folder()));
-  const auto change = [](std::vector<TToken>& tokens) {
+  const auto change = [](std::vector<TBearerToken>& tokens) {
     tokens.clear();
     throw zanrole::EZanError("no");
   };

@@ -54,7 +54,7 @@ TEST(TokenText, WhatHasAnotherFormHasNoId) {
 
 TEST_F(TokenIssue, IsWhatWasAskedFor) {
   TTokenRequest request{"报表 \"x\"", kNow + 1h, {{"GetDomains"}, {"rights", "*"}, {"李", "wang"}}, 7};
-  const TToken made = AddToken(Folder(), request, kNow + 300ms).Token;
+  const TBearerToken made = AddToken(Folder(), request, kNow + 300ms).Token;
   EXPECT_EQ(made.Name, request.Name);
   EXPECT_EQ(made.Created, kNow);
   EXPECT_EQ(made.Expires, kNow + 1h);
@@ -143,7 +143,7 @@ TEST_F(TokenIssue, RevokedTokenIsForgottenAndTheOthersStay) {
   const std::string other = Add("b").Token.Id;
   RevokeToken(Folder(), id);
   RevokeToken(Folder(), "nobody's");
-  const std::vector<TToken> tokens = ReadTokens(Folder());
+  const std::vector<TBearerToken> tokens = ReadTokens(Folder());
   ASSERT_THAT(tokens, SizeIs(1));
   EXPECT_EQ(tokens[0].Id, other);
 }

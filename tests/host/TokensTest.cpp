@@ -32,7 +32,7 @@ class Tokens : public zantest::TTokenFixture {
   }
 
   TTokenBook FBook{Folder()};
-  TToken FFound;
+  TBearerToken FFound;
 };
 
 std::string WithOtherSecret(std::string text) {
