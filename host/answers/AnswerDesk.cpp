@@ -44,8 +44,9 @@ TSessionKey KeyOf(const TQuestion& question) {
 }
 
 /// The embedded database has no accounts: its own URL does.
-std::string RestrictedDataOf(const std::string& data, const std::string& given) {
-  return given.empty() && data.starts_with("sqlite:") ? data : given;
+std::string RestrictedDataOf(TInstallation& installation, const std::string& data, const std::string& given) {
+  const bool isEmbedded = installation.Database().Server() == TServerKind::Sqlite;
+  return given.empty() && isEmbedded ? data : given;
 }
 
 }  // namespace
@@ -53,7 +54,7 @@ std::string RestrictedDataOf(const std::string& data, const std::string& given) 
 TAnswerDesk::TAnswerDesk(const TSessionOptions& options, const std::string& restrictedData)
     : FInstallation(options),
       FPlaces(PlacesOf({options.Data, restrictedData})),
-      FSessions(FInstallation, RestrictedDataOf(options.Data, restrictedData)) {}
+      FSessions(FInstallation, RestrictedDataOf(FInstallation, options.Data, restrictedData)) {}
 
 TReply TAnswerDesk::Answer(const TQuestion& question) {
   try {

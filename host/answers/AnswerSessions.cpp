@@ -12,7 +12,7 @@ namespace zanhost {
 
 namespace {
 
-/// A session with the rights of a login takes some ten kilobytes.
+/// More logins than these make the one that was not asked about for longest read anew.
 constexpr std::size_t kMostSessions = 256;
 
 }  // namespace
@@ -37,9 +37,9 @@ TAnswerSession& TAnswerSessions::Find(const TSessionKey& key) {
 
 TLogin TAnswerSessions::LoginFor(const std::string& login) {
   if (login.empty()) return BuilderLogin();
-  if (!FindAccount(FInstallation.Database(), login))
-    throw ERefusedQuestion(404, fmt::format("There is no user with the login '{}'.", login));
-  return LoginOf(FInstallation.Database(), login);
+  const std::optional<TAccount> account = FindAccount(FInstallation.Database(), login);
+  if (!account) throw ERefusedQuestion(404, fmt::format("There is no user with the login '{}'.", login));
+  return LoginOf(*account);
 }
 
 TDatabase& TAnswerSessions::DatabaseFor(const TSessionKey& key) {

@@ -2,15 +2,18 @@
 
 #include <fmt/format.h>
 
-#include "host/platform/Accounts.h"
 #include "host/platform/Numbering.h"
 
 namespace zanhost {
 
+TLogin LoginOf(const TAccount& account) {
+  return {account.OID, account.Login, account.Name, account.IsSuperUser, /*IsBuilder*/ false};
+}
+
 TLogin LoginOf(zanrole::TDatabaseServices& database, const std::string& user) {
   const std::optional<TAccount> account = FindAccount(database, user);
   if (!account) throw zanrole::EZanError(fmt::format("There is no user with the login '{}'", user));
-  return {account->OID, account->Login, account->Name, account->IsSuperUser, /*IsBuilder*/ false};
+  return LoginOf(*account);
 }
 
 TLogin BuilderLogin() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Frame/Host/Host.h"
+#include "host/platform/Accounts.h"
 #include "host/platform/Resources.h"
 #include "host/platform/Settings.h"
 #include "host/query/Database.h"
@@ -19,6 +20,7 @@ struct TLogin {
   bool IsBuilder = false;
 };
 
+TLogin LoginOf(const TAccount& account);
 /// The login of a user's row. Raises EZanError when there is no such user.
 TLogin LoginOf(zanrole::TDatabaseServices& database, const std::string& user);
 TLogin BuilderLogin();

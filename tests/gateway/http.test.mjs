@@ -5,17 +5,6 @@ import { join } from 'node:path'
 import { after, before, describe, it } from 'node:test'
 import { Data, Server, temporaryFolder } from './support/server.mjs'
 
-/** Sends text as it stands over a connection of its own; gives all that comes back. */
-function exchange(server, text) {
-  return new Promise((done, failed) => {
-    const socket = net.connect(server.port, '127.0.0.1', () => socket.write(text))
-    let answer = ''
-    socket.on('data', (part) => { answer += part })
-    socket.on('close', () => done(answer))
-    socket.on('error', failed)
-  })
-}
-
 describe('HTTP', () => {
   let data
   let web
@@ -99,18 +88,18 @@ describe('HTTP', () => {
   })
 
   it('refuses what is no HTTP, heads and bodies that are too large', async () => {
-    assert.match(await exchange(server, 'nonsense\r\n\r\n'), /^HTTP\/1\.1 400 /)
-    assert.match(await exchange(server, `GET / HTTP/1.1\r\nhost: a\r\nx: ${'y'.repeat(20000)}\r\n\r\n`), /^HTTP\/1\.1 431 /)
+    assert.match(await server.exchange('nonsense\r\n\r\n'), /^HTTP\/1\.1 400 /)
+    assert.match(await server.exchange(`GET / HTTP/1.1\r\nhost: a\r\nx: ${'y'.repeat(20000)}\r\n\r\n`), /^HTTP\/1\.1 431 /)
     const chunked = `POST /api/login HTTP/1.1\r\nhost: ${server.host}\r\norigin: ${server.origin}\r\n`
       + `transfer-encoding: chunked\r\n\r\n8000\r\n${'z'.repeat(0x8000)}\r\n0\r\n\r\n`
-    assert.match(await exchange(server, chunked), /^HTTP\/1\.1 413 /)
+    assert.match(await server.exchange(chunked), /^HTTP\/1\.1 413 /)
     assert.equal((await server.request('GET', '/', { headers: { 'content-length': 3 }, body: 'abc' })).status, 413)
     assert.equal((await server.get('/healthz')).status, 200)
   })
 
   it('serves several requests over one connection', async () => {
     const one = `GET /healthz HTTP/1.1\r\nhost: ${server.host}\r\n`
-    const answer = await exchange(server, `${one}\r\n${one}connection: close\r\n\r\n`)
+    const answer = await server.exchange(`${one}\r\n${one}connection: close\r\n\r\n`)
     assert.equal(answer.split('HTTP/1.1 200 OK').length, 3)
   })
 

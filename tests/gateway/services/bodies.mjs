@@ -1,5 +1,4 @@
 import assert from 'node:assert/strict'
-import net from 'node:net'
 import { it } from 'node:test'
 import { assertTellsNothingOfTheInside } from '../support/inside.mjs'
 
@@ -10,17 +9,6 @@ const CALL = ['callFunction', { name: 'GetCurUserType' }]
 function bodyOf(size) {
   const [start, end] = ['{"in":{"x":"', '"},"login":"linjuan"}']
   return start + 'x'.repeat(size - start.length - end.length) + end
-}
-
-/** Sends text over a connection of its own; gives what comes back until the server closes it. */
-function exchange(server, text) {
-  return new Promise((done, failed) => {
-    const socket = net.connect(server.port, '127.0.0.1', () => socket.write(text))
-    let answer = ''
-    socket.on('data', (part) => { answer += part })
-    socket.on('close', () => done(answer))
-    socket.on('error', failed)
-  })
 }
 
 export function bodies(services) {
@@ -109,7 +97,7 @@ export function bodies(services) {
     const start = `${head('POST /api/functions/GetCurUserType')}content-type: application/json\r\n`
     const framings = ['content-length: 5\r\ntransfer-encoding: chunked', 'content-length: 5\r\ncontent-length: 6', 'transfer-encoding: xchunked']
     for (const framing of framings) {
-      const answers = await exchange(services.server, `${start}${framing}\r\n\r\n${hidden}`)
+      const answers = await services.server.exchange(`${start}${framing}\r\n\r\n${hidden}`)
       assert.equal(answers.match(/HTTP\/1\.1 \d/g).length, 1, answers)
     }
   })

@@ -3,6 +3,7 @@ import { execFileSync, spawn } from 'node:child_process'
 import { existsSync, mkdtempSync, readFileSync, rmSync } from 'node:fs'
 import http from 'node:http'
 import https from 'node:https'
+import net from 'node:net'
 import { tmpdir } from 'node:os'
 import { dirname, join, resolve } from 'node:path'
 import { fileURLToPath } from 'node:url'
@@ -110,6 +111,17 @@ export class Server {
       })
       request.on('error', failed)
       request.end(body)
+    })
+  }
+
+  /** Sends text as it stands over a connection of its own; gives all that comes back until the server closes it. */
+  exchange(text) {
+    return new Promise((done, failed) => {
+      const socket = net.connect(this.port, '127.0.0.1', () => socket.write(text))
+      let answer = ''
+      socket.on('data', (part) => { answer += part })
+      socket.on('close', () => done(answer))
+      socket.on('error', failed)
     })
   }
 
