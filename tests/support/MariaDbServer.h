@@ -30,10 +30,12 @@ class TMariaDbServer {
 
  private:
   TMariaDbServer();
+  std::string LogFolder() const;
   void MakeDataFolder();
   void WaitUntilItAnswers() const;
 
   TTemporaryFolder FFolder;
+  TTemporaryFolder FLogFolder;
   std::string FSocket;
   pid_t FProcess = -1;
 };
