@@ -3,10 +3,10 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <array>
 #include <string_view>
 
 #include "Frame/Host/Classes.h"
+#include "host/answers/LoginInputs.h"
 #include "host/answers/PastingFunctions.h"
 
 namespace zanhost {
@@ -38,9 +38,6 @@ std::string LackForFunction(const TTokenScope& scope, const std::string& name) {
   return "The token is not for this function.";
 }
 
-/// Inputs of functions that name logins, several of them joined by commas.
-constexpr std::array<std::string_view, 3> kLoginInputs{"当前用户", "用户号", "用户号集"};
-
 /// May the token ask about all logins that an input names?
 bool AllowsNamed(const TTokenScope& scope, std::string_view logins) {
   while (!logins.empty()) {
@@ -54,9 +51,7 @@ bool AllowsNamed(const TTokenScope& scope, std::string_view logins) {
 
 bool AllowsInputs(const TTokenScope& scope, const TNamedValues& inputs) {
   return std::all_of(inputs.begin(), inputs.end(), [&scope](const auto& input) {
-    const bool namesLogins =
-        std::find(kLoginInputs.begin(), kLoginInputs.end(), input.first) != kLoginInputs.end();
-    return !namesLogins || AllowsNamed(scope, input.second);
+    return !NamesLogins(input.first) || AllowsNamed(scope, input.second);
   });
 }
 

@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "host/query/Database.h"
 
@@ -27,6 +28,15 @@ inline int Number(zanhost::TDatabase& database, std::string_view statement) {
   query->SQL().SetText(statement);
   query->Open();
   return query->Fields(0).AsInteger();
+}
+
+/// The first column of every row.
+inline std::vector<std::string> Texts(zanhost::TDatabase& database, std::string_view statement) {
+  const auto query = database.GetQuery();
+  query->SQL().SetText(statement);
+  std::vector<std::string> values;
+  for (query->Open(); !query->Eof(); query->Next()) values.push_back(query->Fields(0).AsString());
+  return values;
 }
 
 }  // namespace zantest
