@@ -30,8 +30,9 @@ bool THostFuncManager::RunFunc(TFuncInfo& info, zanrole::TZanParser* /*parser*/,
 
 const TFunction* THostFuncManager::Find(std::string_view name, TFuncType type) {
   Walk();
-  const auto found = FIndex.find(TKey(type, name));
-  return found != FIndex.end() ? &FFunctions[found->second] : nullptr;
+  const TPlaces& places = PlacesOf(type);
+  const auto found = places.find(name);
+  return found != places.end() ? &FFunctions[found->second] : nullptr;
 }
 
 const TFunction* THostFuncManager::FindInAny(std::string_view name) {
@@ -73,7 +74,7 @@ void THostFuncManager::Enter(const TFuncClass& funcClass) {
                      funcClass.ClassName, sample->NewFuncInfo(),     funcClass.Create};
   function.Info->FuncName = function.Name;
   function.Info->FuncType = function.Type;
-  const auto [place, isNew] = FIndex.emplace(TKey(function.Type, function.Name), FFunctions.size());
+  const auto [place, isNew] = PlacesOf(function.Type).emplace(function.Name, FFunctions.size());
   if (isNew) {
     FFunctions.push_back(std::move(function));
     return;

@@ -1,10 +1,11 @@
 #pragma once
 
-#include <map>
+#include <array>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
-#include <utility>
+#include <unordered_map>
 #include <vector>
 
 #include "Frame/Host/Un_glfuncmanager.h"
@@ -50,14 +51,20 @@ class THostFuncManager final : public zanrole::TFuncManager {
   const std::vector<std::string>& Duplicates();
 
  private:
-  using TKey = std::pair<zanrole::TFuncType, std::string>;
+  struct TNameHash {
+    using is_transparent = void;
+    std::size_t operator()(std::string_view name) const { return std::hash<std::string_view>()(name); }
+  };
+  /// Places among the functions.
+  using TPlaces = std::unordered_map<std::string, std::size_t, TNameHash, std::equal_to<>>;
+  TPlaces& PlacesOf(zanrole::TFuncType type) { return FPlaces[static_cast<std::size_t>(type)]; }
   void Walk();
   void Enter(const zanrole::TFuncClass& funcClass);
 
   const TModule* FModule;
   bool FWalked = false;
   std::vector<TFunction> FFunctions;
-  std::map<TKey, std::size_t> FIndex;
+  std::array<TPlaces, 3> FPlaces;
   std::vector<std::string> FDuplicates;
 };
 

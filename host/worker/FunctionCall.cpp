@@ -43,6 +43,7 @@ TCallOutcome CallFunction(THostFuncManager& manager, std::string_view name, cons
   TCallOutcome outcome;
   outcome.Undeclared = Fill(info.InParams, inputs);
   outcome.Result = THostFuncManager::Execute(function, info, /*style*/ 0);
+  outcome.Out.reserve(static_cast<std::size_t>(info.OutParams.Count()));
   for (TFuncParam& out : info.OutParams) outcome.Out.emplace_back(std::move(out.Name), std::move(out.Value));
   return outcome;
 }

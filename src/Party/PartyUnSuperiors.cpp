@@ -132,7 +132,7 @@ TPositionMapItem* FindPlace(const std::string& quotedUser, const std::string& ma
   if (map == nullptr) return nullptr;
   const auto query = TDbProviderFactory::GetQuery();
   OpenStatement(*query, "select parent from partyh where code= " + quotedUser);
-  return map->Find(query->Eof() ? 0 : query->FieldByName("parent").AsInteger());
+  return query->Eof() ? nullptr : map->Find(query->FieldByName("parent").AsInteger());
 }
 
 std::string Unescaped(const std::string& user) { return "'" + user + "'"; }
