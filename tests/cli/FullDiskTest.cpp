@@ -71,7 +71,10 @@ TEST_F(FullDisk, OfAServerIsToldAndNothingStays) {
   const std::string out = Run(R"(
 mount -t tmpfs -o size=400m none $DISK
 trap 'kill $(jobs -p) 2> /dev/null || true' EXIT
-own="--no-defaults --user=$(id -un) --datadir=$DISK/data --lower-case-table-names=1 --innodb-log-file-size=4M"
+mkdir $REST.tmp
+# At its start a server removes the temporary tables of any other that works in the same folder.
+own="--no-defaults --user=$(id -un) --datadir=$DISK/data --tmpdir=$REST.tmp --lower-case-table-names=1"
+own="$own --innodb-log-file-size=4M"
 mariadb-install-db $own --auth-root-authentication-method=normal --skip-test-db > /dev/null
 start() {
   rm -f $DISK/s

@@ -86,30 +86,37 @@ TMariaDbServer::~TMariaDbServer() {
   WaitFor(FProcess);
 }
 
+/// The options with which a program of the server works in these folders.
+///
 /// The server maps a log that lies in the memory's folder, and then acknowledges a commit while the part of
 /// the log before it, another client's, may still be missing: a kill in between loses both. A log that it
 /// writes to a file has no such gap.
-std::string TMariaDbServer::LogFolder() const {
-  return "--innodb-log-group-home-dir=" + FLogFolder.Path().string();
+///
+/// At its start a server removes all temporary tables from the folder of such tables, also those of another
+/// server that works there, which then crashes.
+std::vector<std::string> TMariaDbServer::With(std::vector<std::string> words) const {
+  words.insert(words.begin() + 1,
+               {"--no-defaults", "--user=" + NameOfThisUser(), "--lower-case-table-names=1",
+                "--datadir=" + (FFolder / "data").string(), "--tmpdir=" + (FFolder / "tmp").string(),
+                "--innodb-log-group-home-dir=" + FLogFolder.Path().string()});
+  return words;
 }
 
 void TMariaDbServer::MakeDataFolder() {
+  std::filesystem::create_directory(FFolder / "tmp");
   const pid_t installer =
-      StartProgram({kInstaller, "--no-defaults", "--auth-root-authentication-method=normal", "--skip-test-db",
-                    "--lower-case-table-names=1", "--user=" + NameOfThisUser(),
-                    "--datadir=" + (FFolder / "data").string(), LogFolder()},
+      StartProgram(With({kInstaller, "--auth-root-authentication-method=normal", "--skip-test-db"}),
                    (FFolder / "install.log").string());
   if (WaitFor(installer) != 0) throw std::runtime_error("mariadb-install-db failed");
 }
 
 void TMariaDbServer::Start() {
-  FProcess = StartProgram(
-      {kServer, "--no-defaults", "--user=" + NameOfThisUser(), "--datadir=" + (FFolder / "data").string(),
-       "--socket=" + FSocket, "--pid-file=" + (FFolder / "pid").string(), "--skip-networking",
-       "--lower-case-table-names=1", "--innodb-buffer-pool-size=64M", "--innodb-log-file-size=16M",
-       // What is committed outlives the server, and nothing outlives the machine.
-       "--innodb-flush-log-at-trx-commit=2", "--innodb-flush-method=nosync", LogFolder()},
-      (FFolder / "server.log").string());
+  FProcess =
+      StartProgram(With({kServer, "--socket=" + FSocket, "--pid-file=" + (FFolder / "pid").string(),
+                         "--skip-networking", "--innodb-buffer-pool-size=64M", "--innodb-log-file-size=16M",
+                         // What is committed outlives the server, and nothing outlives the machine.
+                         "--innodb-flush-log-at-trx-commit=2", "--innodb-flush-method=nosync"}),
+                   (FFolder / "server.log").string());
   WaitUntilItAnswers();
 }
 

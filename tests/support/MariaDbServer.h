@@ -4,6 +4,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "tests/support/TemporaryFolder.h"
 
@@ -30,7 +31,7 @@ class TMariaDbServer {
 
  private:
   TMariaDbServer();
-  std::string LogFolder() const;
+  std::vector<std::string> With(std::vector<std::string> words) const;
   void MakeDataFolder();
   void WaitUntilItAnswers() const;
 

@@ -86,12 +86,12 @@ TEST_P(Conformance, TwoClients_ADomainWhoseNumberTheOtherTookIsCreatedAtTheNextT
   const auto other = Engine().OpenSession();
   TFaultWorld world(Database());
   const bool writersTakeTurns = Database().Dialect() == zanrole::TDialect::SqlServer;
-  std::thread commit;
+  std::jthread commit;
   world.Database.Before("insert into STDomains", [&] {
     zanrole::ExecStatement(*other->GetQuery(), writersTakeTurns ? "begin immediate" : "start transaction");
     zanrole::ExecStatement(*other->GetQuery(),
                            "insert into STDomains(ID, Code, Name) values(4, '04', 'theirs')");
-    commit = std::thread([&] {
+    commit = std::jthread([&] {
       std::this_thread::sleep_for(std::chrono::milliseconds(300));
       zanrole::ExecStatement(*other->GetQuery(), "commit");
     });

@@ -24,7 +24,7 @@ TEST_P(Conformance, Writers_OfTwoSessionsTakeTurns) {
   MakeCasesTable();
   Exec("insert into Cases(ID, Name) values(1, '')");
   const auto other = Engine().OpenSession();
-  std::thread writer([&] { WriteFor(*other, std::chrono::milliseconds(300)); });
+  std::jthread writer([&] { WriteFor(*other, std::chrono::milliseconds(300)); });
   int written = 0;
   const auto start = std::chrono::steady_clock::now();
   while (std::chrono::steady_clock::now() - start < std::chrono::milliseconds(300)) {
@@ -72,7 +72,7 @@ TEST_P(Conformance, Writers_AReaderSeesWholeBatchesOnly) {
   MakeCasesTable();
   const auto other = Engine().OpenSession();
   std::atomic<bool> done = false;
-  std::thread writer([&] {
+  std::jthread writer([&] {
     for (int i = 1; i <= 40; ++i) {
       const auto query = other->GetQuery();
       query->SQL().SetText("begin\r\ninsert into Cases(ID) values(" + std::to_string(2 * i) +

@@ -4,7 +4,7 @@
 // which paste texts, where `run` runs a command of the program; `slowCondition`, a condition on domains that takes about
 // half a second. Of one that is a server: `cut()` ends the connections that call such functions.
 import { execFileSync, spawn } from 'node:child_process'
-import { existsSync, mkdtempSync, openSync, rmSync } from 'node:fs'
+import { existsSync, mkdirSync, mkdtempSync, openSync, rmSync } from 'node:fs'
 import { userInfo } from 'node:os'
 import { join } from 'node:path'
 
@@ -30,7 +30,10 @@ export const mariaDb = {
     // A socket's path holds 107 bytes, and in memory the tables are made forty times as fast.
     const place = mkdtempSync(existsSync('/dev/shm') ? '/dev/shm/zan-' : '/tmp/zan-')
     const socket = join(place, 's')
-    const own = ['--no-defaults', `--user=${userInfo().username}`, `--datadir=${join(place, 'data')}`, '--lower-case-table-names=1']
+    // A server removes at its start the temporary tables of any other that works in the same folder.
+    const temporary = join(place, 'tmp')
+    mkdirSync(temporary)
+    const own = ['--no-defaults', `--user=${userInfo().username}`, `--datadir=${join(place, 'data')}`, `--tmpdir=${temporary}`, '--lower-case-table-names=1']
     execFileSync('mariadb-install-db', [...own, '--auth-root-authentication-method=normal', '--skip-test-db'], { stdio: 'ignore' })
     const log = openSync(join(place, 'log'), 'a')
     const server = spawn('/usr/sbin/mariadbd', [...own, `--socket=${socket}`, `--pid-file=${join(place, 'pid')}`, '--skip-networking', '--innodb-buffer-pool-size=64M'], { stdio: ['ignore', log, log] })
