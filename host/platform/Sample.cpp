@@ -21,7 +21,7 @@ constexpr std::string_view kFilledTables[] = {"STUsers",        "PartyH", "UserH
 
 void Execute(TDatabase& database, std::string_view statement) {
   const auto query = database.GetQuery();
-  query->SQL().SetText(statement);
+  query->SQL().SetText(std::string(statement));
   query->ExecSQL();
 }
 

@@ -84,7 +84,7 @@ std::string_view FindVersionTable(TServerKind server) {
 
 bool HasVersionTable(TDatabase& database) {
   const auto query = database.GetQuery();
-  query->SQL().SetText(FindVersionTable(database.Server()));
+  query->SQL().SetText(std::string(FindVersionTable(database.Server())));
   query->Open();
   return !query->Eof();
 }
@@ -134,7 +134,7 @@ std::string MariaDbScript(TDatabase& database, bool withTables) {
 }
 
 std::string NameInUse(zanrole::TZANQuery& query, std::string_view question) {
-  query.SQL().SetText(question);
+  query.SQL().SetText(std::string(question));
   query.Open();
   return query.Fields(0).AsString();
 }

@@ -15,7 +15,7 @@ class TTrace;
 struct TServerRun {
   zanrole::TZANQuery& Query;
   bool OnSystem;
-  std::string Text;
+  const std::string& Text;
   /// Where the first result goes; null when none is wanted.
   zanrole::TDataSet* Result;
   std::int64_t RoundTripsBefore;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <initializer_list>
+#include <utility>
 
 #include "Frame/Commlib.h"
 #include "Frame/Dialects.h"
@@ -9,10 +10,10 @@
 
 namespace zanrole {
 
-std::string QueryList(std::string_view statement) {
+std::string QueryList(std::string statement) {
   const auto query = TDbProviderFactory::GetQuery();
   std::string list;
-  for (OpenStatement(*query, statement); !query->Eof(); query->Next()) {
+  for (OpenStatement(*query, std::move(statement)); !query->Eof(); query->Next()) {
     const std::string value = query->Fields(0).AsString();
     if (!value.empty()) list.append(value).append(",");
   }
@@ -20,15 +21,15 @@ std::string QueryList(std::string_view statement) {
   return list;
 }
 
-std::string QueryValue(std::string_view statement) {
+std::string QueryValue(std::string statement) {
   const auto query = TDbProviderFactory::GetQuery();
-  OpenStatement(*query, statement);
+  OpenStatement(*query, std::move(statement));
   return query->Eof() ? std::string{} : query->Fields(0).AsString();
 }
 
-bool QueryExists(std::string_view statement) {
+bool QueryExists(std::string statement) {
   const auto query = TDbProviderFactory::GetQuery();
-  OpenStatement(*query, statement);
+  OpenStatement(*query, std::move(statement));
   return !query->Eof();
 }
 

@@ -9,11 +9,11 @@ namespace zanrole {
 // raises EDatabaseError when it fails.
 
 /// First column of all rows joined by commas, without the empty values.
-std::string QueryList(std::string_view statement);
+std::string QueryList(std::string statement);
 /// First column of the first row; empty when there is none.
-std::string QueryValue(std::string_view statement);
+std::string QueryValue(std::string statement);
 /// Is there a row?
-bool QueryExists(std::string_view statement);
+bool QueryExists(std::string statement);
 
 /// The ids of the domains that a scope text names, joined by commas; "-10000", which no domain has, when
 /// there is none, so that the list can always stand in brackets behind "in".

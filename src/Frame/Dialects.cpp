@@ -1,5 +1,7 @@
 #include "Frame/Dialects.h"
 
+#include <utility>
+
 #include "Frame/Session.h"
 
 namespace zanrole {
@@ -58,8 +60,8 @@ std::string GetDataDbName() { return DbName(*TDbProviderFactory::GetQuery()); }
 
 std::string GetSysDbName() { return DbName(*TDbProviderFactory::GetSysQuery()); }
 
-int NextIdentity(TZANQuery& query, std::string_view statement) {
-  OpenStatement(query, statement);
+int NextIdentity(TZANQuery& query, std::string statement) {
+  OpenStatement(query, std::move(statement));
   const int largest = query.Eof() ? 0 : query.Fields(0).AsInteger();
   query.Close();
   return largest + 1;
@@ -67,22 +69,27 @@ int NextIdentity(TZANQuery& query, std::string_view statement) {
 
 std::string WrapBatch(const TStringList& statements) {
   if (DbHelper_IsMySql()) return "call MySql_execute_MultiSql(" + QuotedStr(statements.Text()) + ")";
-  return "begin\r\n" + statements.Text() + "\r\nend;";
+  constexpr std::string_view kBegin = "begin\r\n";
+  constexpr std::string_view kEnd = "\r\nend;";
+  const std::string& text = statements.Text();
+  std::string batch;
+  batch.reserve(kBegin.size() + text.size() + kEnd.size());
+  return batch.append(kBegin).append(text).append(kEnd);
 }
 
 void RunBatch(TZANQuery& query, const TStringList& statements) {
   if (statements.Count() > 0) ExecStatement(query, WrapBatch(statements));
 }
 
-void ExecStatement(TZANQuery& query, std::string_view statement) {
+void ExecStatement(TZANQuery& query, std::string statement) {
   query.Close();
-  query.SQL().SetText(statement);
+  query.SQL().SetText(std::move(statement));
   query.ExecSQL();
 }
 
-void OpenStatement(TZANQuery& query, std::string_view statement) {
+void OpenStatement(TZANQuery& query, std::string statement) {
   query.Close();
-  query.SQL().SetText(statement);
+  query.SQL().SetText(std::move(statement));
   query.Open();
 }
 

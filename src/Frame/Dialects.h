@@ -55,7 +55,7 @@ ZAN_EXPORT std::string GetSysDbName();
 /// Largest identity plus one, as `statement` ("Select Max(OID) as MID From STUsers") gives the largest in its
 /// first column; 1 for an empty table. Neither locks nor retries: the key of the table rejects a second
 /// writer.
-int NextIdentity(TZANQuery& query, std::string_view statement);
+int NextIdentity(TZANQuery& query, std::string statement);
 
 /// The statements, each closed with ";", as one text that goes to the server in one call: whole or not at
 /// all.
@@ -64,7 +64,7 @@ std::string WrapBatch(const TStringList& statements);
 void RunBatch(TZANQuery& query, const TStringList& statements);
 
 /// Runs a statement without a result, or opens one with a result, on a closed query.
-void ExecStatement(TZANQuery& query, std::string_view statement);
-void OpenStatement(TZANQuery& query, std::string_view statement);
+void ExecStatement(TZANQuery& query, std::string statement);
+void OpenStatement(TZANQuery& query, std::string statement);
 
 }  // namespace zanrole

@@ -26,7 +26,7 @@ void TUpgradeDB::Execute() {
 
 void TUpgradeDB::DoUpgrade() { UpdateSTUsersCreatorName(); }
 
-void TUpgradeDB::ExecSqlText(std::string_view text) { ExecStatement(*FDataExec, text); }
+void TUpgradeDB::ExecSqlText(std::string_view text) { ExecStatement(*FDataExec, std::string(text)); }
 
 void TUpgradeDB::AddMissingColumn(std::string_view column, std::string_view statement,
                                   std::string_view type) {

@@ -72,7 +72,7 @@ bool HasRow(TZANQuery& query, const std::string& statement) {
 
 void SetStatement(TZANQuery& query, std::string_view statement) {
   query.Close();
-  query.SQL().SetText(statement);
+  query.SQL().SetText(std::string(statement));
 }
 
 /// Columns that the three kinds of entity share.

@@ -1,12 +1,14 @@
 #include "Party/PartyUnQuery.h"
 
+#include <utility>
+
 #include "Frame/Dialects.h"
 
 namespace zanrole {
 
-std::string FirstText(std::string_view statement, std::string_view column) {
+std::string FirstText(std::string statement, std::string_view column) {
   const auto query = TDbProviderFactory::GetQuery();
-  OpenStatement(*query, statement);
+  OpenStatement(*query, std::move(statement));
   return query->Eof() ? std::string{} : Trim(query->FieldByName(column).AsString());
 }
 
@@ -21,9 +23,9 @@ std::string JoinedValues(TZANQuery& query, std::string_view column) {
   return joined;
 }
 
-std::string JoinedValues(std::string_view statement, std::string_view column) {
+std::string JoinedValues(std::string statement, std::string_view column) {
   const auto query = TDbProviderFactory::GetQuery();
-  OpenStatement(*query, statement);
+  OpenStatement(*query, std::move(statement));
   return JoinedValues(*query, column);
 }
 

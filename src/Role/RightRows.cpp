@@ -14,7 +14,7 @@ TSetRight TRightOfRoles::Right() const { return FHasRows ? RightOfValue(FSmalles
 
 std::unique_ptr<TZANQuery> QueryOnPair(std::string_view statement, int objectID, std::string_view oprate) {
   auto query = TDbProviderFactory::GetQuery();
-  query->SQL().SetText(statement);
+  query->SQL().SetText(std::string(statement));
   query->ParamByName("ObjectID").AsInteger(objectID);
   query->ParamByName("Oprate").AsString(oprate);
   return query;

@@ -149,7 +149,7 @@ void TRoleDataProvider::SaveMemberships(const TUserInfo& user, bool saveParents,
 void TRoleDataProvider::Prepare(std::string_view statement) {
   FOprateQuery->Close();
   FOprateQuery->Params().Clear();
-  FOprateQuery->SQL().SetText(statement);
+  FOprateQuery->SQL().SetText(std::string(statement));
 }
 
 void TRoleDataProvider::SetOwnFields(const TUserInfo& user) {

@@ -42,7 +42,7 @@ constexpr const char* kDeleteRight =
 /// `add` takes each right of the result.
 void ReadRights(TZANQuery& query, std::string_view statement, TEffectiveRights& rights,
                 void (TEffectiveRights::*add)(int objectID, std::string_view oprate, bool allowed)) {
-  OpenStatement(query, statement);
+  OpenStatement(query, std::string(statement));
   if (!query.Eof()) {
     rights.Reserve(static_cast<std::size_t>(query.DataSet().RowCount()));
     TField& objectID = query.FieldByName("ObjectID");
@@ -138,7 +138,7 @@ void TTolPermission::SetPermission(int objectID, std::string_view oprate, bool a
 
 void TTolPermission::PrepareForRight(std::string_view statement, const TObjOpraRight& right) {
   FPerQuery->Close();
-  FPerQuery->SQL().SetText(statement);
+  FPerQuery->SQL().SetText(std::string(statement));
   FPerQuery->ParamByName("UserID").AsInteger(FUserID);
   FPerQuery->ParamByName("ObjectID").AsInteger(right.objectID);
   FPerQuery->ParamByName("Oprate").AsString(right.oprate);

@@ -19,7 +19,7 @@ void Conformance::MakeCasesTable() {
 namespace {
 
 void Fill(zanrole::TZANQuery& query, std::string_view text, const TParamValues& params) {
-  query.SQL().SetText(text);
+  query.SQL().SetText(std::string(text));
   for (const auto& [name, value] : params) {
     zanrole::TParam& param = query.ParamByName(name);
     if (const auto* number = std::get_if<std::int64_t>(&value)) param.AsInteger(*number);
@@ -62,7 +62,7 @@ std::string Conformance::Cell(std::string_view text, const TParamValues& params)
 
 std::string Conformance::FaultOf(std::string_view text) {
   const auto query = Query();
-  query->SQL().SetText(text);
+  query->SQL().SetText(std::string(text));
   try {
     query->ExecSQL();
   } catch (const zanrole::EDatabaseError& error) {

@@ -76,7 +76,7 @@ TEST(LostServer, ADatabaseThatCanOnlyBeReadIsToldAndTheDialogCanBeLeft) {
   TMariaDbServer& server = TMariaDbServer::Instance();
   const auto run = [](zanhost::TDatabase& database, std::string_view statement) {
     const auto query = database.GetQuery();
-    query->SQL().SetText(statement);
+    query->SQL().SetText(std::string(statement));
     query->ExecSQL();
   };
   const auto database = InstalledData(server.Url("read_data", "read_system"));

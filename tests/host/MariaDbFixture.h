@@ -13,7 +13,7 @@ using zanrole::EDatabaseError;
 
 inline std::string Cell(zanhost::TDatabase& database, std::string_view text) {
   const auto query = database.GetQuery();
-  query->SQL().SetText(text);
+  query->SQL().SetText(std::string(text));
   query->Open();
   return query->Eof() ? "(none)" : query->Fields(0).AsString();
 }

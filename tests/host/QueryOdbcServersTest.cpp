@@ -42,7 +42,7 @@ class SqlServer : public testing::Test {
   }
   void Exec(std::string_view text) {
     const auto query = FDatabase->GetQuery();
-    query->SQL().SetText(text);
+    query->SQL().SetText(std::string(text));
     query->ExecSQL();
   }
 
@@ -75,7 +75,7 @@ class Oracle : public testing::Test {
   }
   void Exec(std::string_view text) {
     const auto query = FDatabase->GetQuery();
-    query->SQL().SetText(text);
+    query->SQL().SetText(std::string(text));
     query->ExecSQL();
   }
 

@@ -35,12 +35,12 @@ class SqliteDatabase : public testing::Test {
 
   void Exec(std::string_view text) {
     const auto query = FDatabase.GetQuery();
-    query->SQL().SetText(text);
+    query->SQL().SetText(std::string(text));
     query->ExecSQL();
   }
   std::string Cell(std::string_view text) {
     const auto query = FDatabase.GetQuery();
-    query->SQL().SetText(text);
+    query->SQL().SetText(std::string(text));
     query->Open();
     return query->Eof() ? "(none)" : query->Fields(0).AsString();
   }

@@ -10,14 +10,14 @@ namespace zantest {
 
 inline void Execute(zanhost::TDatabase& database, std::string_view statement) {
   const auto query = database.GetQuery();
-  query->SQL().SetText(statement);
+  query->SQL().SetText(std::string(statement));
   query->ExecSQL();
 }
 
 /// A column of the first row; empty without one.
 inline std::string Text(zanhost::TDatabase& database, std::string_view statement, int column = 0) {
   const auto query = database.GetQuery();
-  query->SQL().SetText(statement);
+  query->SQL().SetText(std::string(statement));
   query->Open();
   return query->Fields(column).AsString();
 }
@@ -25,7 +25,7 @@ inline std::string Text(zanhost::TDatabase& database, std::string_view statement
 /// The first column of the first row; 0 without one.
 inline int Number(zanhost::TDatabase& database, std::string_view statement) {
   const auto query = database.GetQuery();
-  query->SQL().SetText(statement);
+  query->SQL().SetText(std::string(statement));
   query->Open();
   return query->Fields(0).AsInteger();
 }
@@ -33,7 +33,7 @@ inline int Number(zanhost::TDatabase& database, std::string_view statement) {
 /// The first column of every row.
 inline std::vector<std::string> Texts(zanhost::TDatabase& database, std::string_view statement) {
   const auto query = database.GetQuery();
-  query->SQL().SetText(statement);
+  query->SQL().SetText(std::string(statement));
   std::vector<std::string> values;
   for (query->Open(); !query->Eof(); query->Next()) values.push_back(query->Fields(0).AsString());
   return values;

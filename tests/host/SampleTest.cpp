@@ -86,7 +86,7 @@ TSampleDatabase& SharedSample(int people) {
 void ExpectKept(zanhost::TDatabase& database, std::span<const zantest::TSampleInvariant> invariants) {
   for (const auto& [rule, breakers] : invariants) {
     const auto query = database.GetQuery();
-    query->SQL().SetText(breakers);
+    query->SQL().SetText(std::string(breakers));
     query->Open();
     EXPECT_TRUE(query->Eof()) << rule << ", broken by " << query->Fields(0).AsString() << " and "
                               << query->DataSet().RowCount() - 1 << " more";

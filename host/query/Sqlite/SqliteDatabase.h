@@ -39,7 +39,7 @@ class TSqliteDatabase final : public TDatabase {
   struct TRun {
     zanrole::TZANQuery& Query;
     std::string_view Database;
-    std::string Text;
+    const std::string& Text;
     /// Where the first result goes; null when none is wanted.
     zanrole::TDataSet* Result;
     bool HasResult = false;

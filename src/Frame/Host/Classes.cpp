@@ -5,6 +5,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdio>
+#include <utility>
 
 namespace zanrole {
 
@@ -81,19 +82,21 @@ bool TakeTime(std::string_view text, std::size_t& at, std::chrono::milliseconds&
 }  // namespace
 
 const std::vector<std::string>& TStringList::Lines() const {
-  if (FWhole.empty()) return FLines;
+  if (FHasLines) return FLines;
+  FHasLines = true;
   std::string_view text = FWhole;
   for (std::size_t end = text.find("\r\n"); end != std::string_view::npos; end = text.find("\r\n")) {
     FLines.emplace_back(text.substr(0, end));
     text.remove_prefix(end + 2);
   }
   FLines.emplace_back(text);
-  FWhole.clear();
   return FLines;
 }
 
 std::vector<std::string>& TStringList::ChangingLines() {
   Lines();
+  FWhole.clear();
+  FHasWhole = false;
   ++FRevision;
   return FLines;
 }
@@ -101,6 +104,7 @@ std::vector<std::string>& TStringList::ChangingLines() {
 void TStringList::Clear() {
   FLines.clear();
   FWhole.clear();
+  FHasLines = FHasWhole = true;
   ++FRevision;
 }
 
@@ -116,26 +120,28 @@ void TStringList::Delete(int index) {
   lines.erase(lines.begin() + index);
 }
 
-std::string TStringList::Text() const {
-  if (!FWhole.empty()) return FWhole;
+const std::string& TStringList::Text() const {
+  if (FHasWhole) return FWhole;
+  FHasWhole = true;
   std::size_t size = 2 * FLines.size();
   for (const std::string& line : FLines) size += line.size();
-  std::string text;
-  text.reserve(size);
+  FWhole.reserve(size);
   for (std::size_t i = 0; i < FLines.size(); ++i) {
-    if (i > 0) text += "\r\n";
-    text += FLines[i];
+    if (i > 0) FWhole += "\r\n";
+    FWhole += FLines[i];
   }
-  return text;
+  return FWhole;
 }
 
-void TStringList::SetText(std::string_view text) {
+void TStringList::SetText(std::string text) {
   Clear();
-  FWhole = text;
+  FWhole = std::move(text);
+  FHasLines = FWhole.empty();
 }
 
 void TStringList::SetCommaText(std::string_view text) {
   Clear();
+  FHasWhole = false;
   std::size_t at = 0;
   SkipBlanks(text, at);
   while (at < text.size()) {

@@ -53,12 +53,12 @@ class ZAN_EXPORT TStringList {
   /// REQUIRES: 0 <= index < Count().
   void Delete(int index);
 
-  /// The lines joined by "\r\n", with no break after the last.
-  std::string Text() const;
+  /// The lines joined by "\r\n", with no break after the last. The reference lives until the list changes.
+  const std::string& Text() const;
   /// Replaces the lines, split at "\r\n" alone, so that Text gives back exactly this text: a lone "\n" may
   /// stand inside a value of a statement. An empty text gives no line. The text is not split before a line is
   /// asked for: most statements are taken and given back whole.
-  void SetText(std::string_view text);
+  void SetText(std::string text);
   /// Replaces the lines by the pieces of a comma text: pieces end at commas or blanks, a piece in double
   /// quotes may hold both (a doubled quote stands for one).
   void SetCommaText(std::string_view text);
@@ -78,9 +78,11 @@ class ZAN_EXPORT TStringList {
   /// The lines of a list that is about to change.
   std::vector<std::string>& ChangingLines();
 
+  // The list as lines and as one text. Each is made from the other when it is asked for.
   mutable std::vector<std::string> FLines;
-  /// What SetText took while no line has been asked for; FLines is empty then.
   mutable std::string FWhole;
+  mutable bool FHasLines = true;
+  mutable bool FHasWhole = true;
   unsigned FRevision = 0;
 };
 

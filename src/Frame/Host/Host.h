@@ -18,7 +18,7 @@
 namespace zanrole {
 
 /// Grows whenever a declaration of this folder changes. Host and module refuse each other when theirs differ.
-inline constexpr int kContractVersion = 3;
+inline constexpr int kContractVersion = 4;
 
 /// What the host offers to the module as a whole, whoever is logged in. Handed over once, before PackageLoad;
 /// it must outlive PackageUnload.

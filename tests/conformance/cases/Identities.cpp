@@ -6,8 +6,8 @@
 namespace zantest {
 
 namespace {
-constexpr std::string_view kGreatestUser = "Select Max(OID) as MID From STUsers";
-constexpr std::string_view kGreatestObject = "Select Max(ObjectID) as MOID From ObjectRegister";
+constexpr char kGreatestUser[] = "Select Max(OID) as MID From STUsers";
+constexpr char kGreatestObject[] = "Select Max(ObjectID) as MOID From ObjectRegister";
 }  // namespace
 
 TEST_P(Conformance, Identities_AnEmptyTableBeginsWithOne) {

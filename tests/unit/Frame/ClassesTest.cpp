@@ -47,6 +47,39 @@ TEST(StringList, ATextThatWasSetIsOneOfLinesLikeAnyOther) {
   EXPECT_EQ(list.Count(), 0);
 }
 
+TEST(StringList, ItsTextFollowsEveryChange) {
+  TStringList list;
+  EXPECT_EQ(list.Text(), "");
+  list.Add("b");
+  EXPECT_EQ(list.Text(), "b");
+  list.Insert(0, "a");
+  EXPECT_EQ(list.Text(), "a\r\nb");
+  list.SetValue("c", "1");
+  EXPECT_EQ(list.Text(), "a\r\nb\r\nc=1");
+  list.Delete(1);
+  EXPECT_EQ(list.Text(), "a\r\nc=1");
+  list.SetCommaText("d,e");
+  EXPECT_EQ(list.Text(), "d\r\ne");
+  list.SetText("f\r\ng");
+  EXPECT_EQ(list.Count(), 2);
+  EXPECT_EQ(list.Text(), "f\r\ng");
+  list.Clear();
+  EXPECT_EQ(list.Text(), "");
+  list.Add("");
+  EXPECT_EQ(list.Text(), "");
+  EXPECT_EQ(list.Count(), 1);
+}
+
+TEST(StringList, GivesOneTextUntilItChanges) {
+  TStringList list;
+  list.Add("a");
+  list.Add("b");
+  const std::string& text = list.Text();
+  EXPECT_EQ(list[1], "b");
+  EXPECT_EQ(&list.Text(), &text);
+  EXPECT_EQ(text, "a\r\nb");
+}
+
 TEST(StringList, EachChangeIsSeenByItsRevision) {
   TStringList list;
   unsigned before = list.Revision();
