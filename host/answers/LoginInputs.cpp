@@ -7,8 +7,8 @@ namespace zanhost {
 
 namespace {
 
-// A test gives every input of every function of the module one login after the other, so that this list can
-// neither lack an input nor hold one too many.
+// A test gives every input of every function of the module one login after the other, so that this list lacks
+// none.
 constexpr std::array<std::string_view, 3> kLoginInputs{"当前用户", "用户号", "用户号集"};
 
 }  // namespace

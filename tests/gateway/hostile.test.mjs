@@ -7,17 +7,6 @@ import { after, before, describe, it } from 'node:test'
 import { Page } from './support/page.mjs'
 import { Data, Server, right, until } from './support/server.mjs'
 
-/** Sends text over a connection of its own; gives what comes back until the server closes it. */
-function exchange(server, text) {
-  return new Promise((done, failed) => {
-    const socket = net.connect(server.port, '127.0.0.1', () => socket.write(text))
-    let answer = ''
-    socket.on('data', (part) => { answer += part })
-    socket.on('end', () => done(answer))
-    socket.on('error', failed)
-  })
-}
-
 const statusesOf = (answer) => [...answer.matchAll(/HTTP\/1\.1 (\d+) /g)].map((match) => Number(match[1]))
 
 describe('somebody hostile', () => {
@@ -40,17 +29,17 @@ describe('somebody hostile', () => {
       'content-length: 5\r\ncontent-length: 6', 'transfer-encoding: xchunked', 'transfer-encoding: chunked, identity',
       'transfer-encoding: gzip, chunked', 'transfer-encoding: identity', 'transfer-encoding: chunked\r\ntransfer-encoding: x']
     for (const body of bodies) {
-      const statuses = statusesOf(await exchange(server, `${head()}${body}\r\n\r\n${hidden()}`))
+      const statuses = statusesOf(await server.exchange(`${head()}${body}\r\n\r\n${hidden()}`))
       assert.equal(statuses.length, 1, `${body}: ${statuses}`)
       assert.ok(statuses[0] === 400 || statuses[0] === 501, `${body}: ${statuses}`)
     }
     const ofGet = `GET /healthz HTTP/1.1\r\nhost: ${server.host}\r\ncontent-length: ${hidden().length}\r\n\r\n${hidden()}`
-    assert.deepEqual(statusesOf(await exchange(server, ofGet)), [413])
+    assert.deepEqual(statusesOf(await server.exchange(ofGet)), [413])
   })
 
   it('is told of a body that is broken', async () => {
     for (const chunk of ['-1\r\nabc', 'fffffffffffffffff\r\nabc', 'zz\r\nabc'])
-      assert.deepEqual(statusesOf(await exchange(server, `${head()}transfer-encoding: chunked\r\n\r\n${chunk}\r\n0\r\n\r\n`)), [400], chunk)
+      assert.deepEqual(statusesOf(await server.exchange(`${head()}transfer-encoding: chunked\r\n\r\n${chunk}\r\n0\r\n\r\n`)), [400], chunk)
   })
 
   it('cannot make a page of another name speak with the server', async () => {
@@ -125,7 +114,7 @@ describe('an upload that breaks off', () => {
       const uploads = join(args[args.indexOf('--files') + 1], 'uploads')
       const start = `POST /api/upload?window=1&name=x HTTP/1.1\r\nhost: ${server.host}\r\norigin: ${server.origin}\r\ncookie: ${cookie}\r\n`
       const tooLarge = `${start}transfer-encoding: chunked\r\n\r\n7d0\r\n${'y'.repeat(2000)}\r\n0\r\n\r\n`
-      for (let i = 0; i < 3; i += 1) assert.deepEqual(statusesOf(await exchange(server, tooLarge)), [413])
+      for (let i = 0; i < 3; i += 1) assert.deepEqual(statusesOf(await server.exchange(tooLarge)), [413])
       await new Promise((gone) => {
         const socket = net.connect(server.port, '127.0.0.1', () => socket.write(`${start}content-length: 900\r\n\r\nhalf`))
         setTimeout(() => socket.destroy(), 300)

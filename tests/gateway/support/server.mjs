@@ -120,7 +120,7 @@ export class Server {
       const socket = net.connect(this.port, '127.0.0.1', () => socket.write(text))
       let answer = ''
       socket.on('data', (part) => { answer += part })
-      socket.on('close', () => done(answer))
+      socket.on('end', () => done(answer))
       socket.on('error', failed)
     })
   }
