@@ -64,7 +64,7 @@ class THostFuncManager final : public zanrole::TFuncManager {
   const TModule* FModule;
   bool FWalked = false;
   std::vector<TFunction> FFunctions;
-  std::array<TPlaces, 3> FPlaces;
+  std::array<TPlaces, 3> FPlaces;  ///< one for each family
   std::vector<std::string> FDuplicates;
 };
 

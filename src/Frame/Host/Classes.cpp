@@ -82,8 +82,7 @@ bool TakeTime(std::string_view text, std::size_t& at, std::chrono::milliseconds&
 }  // namespace
 
 const std::vector<std::string>& TStringList::Lines() const {
-  if (FHasLines) return FLines;
-  FHasLines = true;
+  if (!FLines.empty() || FWhole.empty()) return FLines;
   std::string_view text = FWhole;
   for (std::size_t end = text.find("\r\n"); end != std::string_view::npos; end = text.find("\r\n")) {
     FLines.emplace_back(text.substr(0, end));
@@ -96,7 +95,6 @@ const std::vector<std::string>& TStringList::Lines() const {
 std::vector<std::string>& TStringList::ChangingLines() {
   Lines();
   FWhole.clear();
-  FHasWhole = false;
   ++FRevision;
   return FLines;
 }
@@ -104,7 +102,6 @@ std::vector<std::string>& TStringList::ChangingLines() {
 void TStringList::Clear() {
   FLines.clear();
   FWhole.clear();
-  FHasLines = FHasWhole = true;
   ++FRevision;
 }
 
@@ -121,8 +118,7 @@ void TStringList::Delete(int index) {
 }
 
 const std::string& TStringList::Text() const {
-  if (FHasWhole) return FWhole;
-  FHasWhole = true;
+  if (!FWhole.empty()) return FWhole;
   std::size_t size = 2 * FLines.size();
   for (const std::string& line : FLines) size += line.size();
   FWhole.reserve(size);
@@ -136,12 +132,10 @@ const std::string& TStringList::Text() const {
 void TStringList::SetText(std::string text) {
   Clear();
   FWhole = std::move(text);
-  FHasLines = FWhole.empty();
 }
 
 void TStringList::SetCommaText(std::string_view text) {
   Clear();
-  FHasWhole = false;
   std::size_t at = 0;
   SkipBlanks(text, at);
   while (at < text.size()) {

@@ -78,11 +78,9 @@ class ZAN_EXPORT TStringList {
   /// The lines of a list that is about to change.
   std::vector<std::string>& ChangingLines();
 
-  // The list as lines and as one text. Each is made from the other when it is asked for.
+  // The list as lines and as one text. The one that is empty is made from the other when it is asked for.
   mutable std::vector<std::string> FLines;
   mutable std::string FWhole;
-  mutable bool FHasLines = true;
-  mutable bool FHasWhole = true;
   unsigned FRevision = 0;
 };
 
